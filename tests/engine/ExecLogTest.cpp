@@ -1,0 +1,64 @@
+#include "engine/EFX_Factory.h"
+#include "engine/ExecLog.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+TEST(ExecLog, FreshLogIsEmpty)
+{
+    ExecLog log;
+    EXPECT_STREQ(log.GetLog(), "");
+}
+
+TEST(ExecLog, AppendsRunTogetherWithoutSeparator)
+{
+    ExecLog log;
+    log.AppendLog("Initializing EFX_Factory: ");
+    log.AppendLog(" successful");
+    EXPECT_STREQ(log.GetLog(), "Initializing EFX_Factory:  successful");
+}
+
+TEST(ExecLog, OverflowingAppendDropsTheOlderTextWhole)
+{
+    ExecLog log;
+    log.SetLog(std::string(500, 'a').c_str());
+    log.AppendLog(std::string(20, 'b').c_str());
+    EXPECT_EQ(std::string(log.GetLog()), std::string(20, 'b'));
+}
+
+TEST(ExecLog, AppendThatFitsExactlyKeeps511Characters)
+{
+    ExecLog log;
+    log.SetLog(std::string(490, 'a').c_str());
+    log.AppendLog(std::string(21, 'b').c_str());
+    EXPECT_EQ(std::string(log.GetLog()), std::string(490, 'a') + std::string(21, 'b'));
+}
+
+TEST(ExecLog, SetLogReplacesAndClearLogEmpties)
+{
+    ExecLog log;
+    log.AppendLog("old");
+    log.SetLog("new");
+    EXPECT_STREQ(log.GetLog(), "new");
+    log.ClearLog();
+    EXPECT_STREQ(log.GetLog(), "");
+}
+
+TEST(ExecLog, OverlongSetLogIsCutInsteadOfOverrunning)
+{
+    ExecLog log;
+    log.SetLog(std::string(600, 'x').c_str());
+    EXPECT_EQ(std::string(log.GetLog()).size(), ExecLog::kLogSize - 1);
+}
+
+TEST(EFX_Base, SafeReleaseOfNullDoesNothingAndFactoryReleaseKeepsItAlive)
+{
+    EFX_Base::SafeRelease(nullptr);
+    EFX_Factory* factory = EFX_Factory::Create();
+    factory->AppendLog("still here");
+    EFX_Base::SafeRelease(factory);
+    factory->Release();
+    EXPECT_STREQ(factory->GetLog(), "still here");
+    delete factory;
+}
