@@ -36,6 +36,13 @@ EFX_Factory::~EFX_Factory()
             slot = nullptr;
         }
     }
+    for (EFX_3DSource* source : m_failedSources)
+        source->Release();
+}
+
+void EFX_Factory::KeepFailedSource(EFX_3DSource* source)
+{
+    m_failedSources.push_back(source);
 }
 
 CWaves& EFX_Factory::Waves()

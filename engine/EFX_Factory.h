@@ -8,6 +8,7 @@
 #include <AL/efx.h>
 
 #include <cstdint>
+#include <vector>
 
 class EFX_Context;
 class EFX_EffectSlot;
@@ -63,6 +64,10 @@ private:
     friend class EFX_Context;
 
     int ResolveEntryPoints();
+    // A source whose initialisation failed is not handed out, yet it keeps its AL source and buffer.
+    // The factory holds on to the object so that its memory goes when the factory goes.
+    void KeepFailedSource(EFX_3DSource* source);
+
     void GenerateSlots();
     void CloseHandles();
 
@@ -71,6 +76,7 @@ private:
     ALCcontext* m_context = nullptr;
     ALCdevice* m_device = nullptr;
     std::uint32_t m_numSlots = 0;
+    std::vector<EFX_3DSource*> m_failedSources;
 
     static ALuint s_slotNames[kMaxSlots];
     static std::uint32_t s_maxSends;
