@@ -6,13 +6,13 @@
 #define EFX_DEFINE_SETTER(Group, Property, Token, Kind, ...) \
     int EFX_EffectSlot::Set##Group##Property(EFX_SET_PARAM_##Kind) \
     { \
-        return SetEffect##Kind(value, Token, EFX_SET_NAME(Token), m_deferred); \
+        return SetEffect##Kind(value, Token, #Token, m_deferred); \
     }
 
 #define EFX_DEFINE_GETTER(Group, Property, Token, Kind, Default, ...) \
     int EFX_EffectSlot::Get##Group##Property(EFX_GET_PARAM_##Kind) \
     { \
-        return GetEffect##Kind(value, Token, EFX_GET_NAME(Token __VA_OPT__(,) __VA_ARGS__)); \
+        return GetEffect##Kind(value, Token, EFX_GETTER_NAME(#Token __VA_OPT__(,) __VA_ARGS__)); \
     }
 
 #define EFX_DEFAULT_STEP(Group, Property, Token, Kind, Default, ...) \

@@ -63,6 +63,59 @@ private:
     }
 };
 
+// While alive, sees through two entry points of OpenAL Soft: it remembers the name of the last
+// effect generated (so that a test can read the effect with OpenAL's own calls), counts how often an
+// effect is attached to a slot, and can make the generation of effects fail. Install it before the
+// slot object resolves its entry points.
+class EffectSpy {
+public:
+    EffectSpy()
+    {
+        Self() = this;
+        efx_proc::SetResolver(&Resolve);
+    }
+    ~EffectSpy()
+    {
+        efx_proc::SetResolver(nullptr);
+        Self() = nullptr;
+    }
+
+    ALuint lastEffect = 0;
+    int attaches = 0;
+    bool failGeneration = false;
+
+private:
+    static EffectSpy*& Self()
+    {
+        static EffectSpy* self = nullptr;
+        return self;
+    }
+    static void* Resolve(const char* name)
+    {
+        if (std::strcmp(name, "alGenEffects") == 0)
+            return reinterpret_cast<void*>(&GenEffects);
+        if (std::strcmp(name, "alAuxiliaryEffectSloti") == 0)
+            return reinterpret_cast<void*>(&AuxiliaryEffectSloti);
+        return alGetProcAddress(name);
+    }
+    static void AL_APIENTRY GenEffects(ALsizei count, ALuint* effects)
+    {
+        auto real = reinterpret_cast<LPALGENEFFECTS>(alGetProcAddress("alGenEffects"));
+        if (Self()->failGeneration) {
+            real(-1, effects); // a negative count: OpenAL Soft reports AL_INVALID_VALUE
+            return;
+        }
+        real(count, effects);
+        Self()->lastEffect = effects[0];
+    }
+    static void AL_APIENTRY AuxiliaryEffectSloti(ALuint slot, ALenum param, ALint value)
+    {
+        if (param == AL_EFFECTSLOT_EFFECT)
+            ++Self()->attaches;
+        reinterpret_cast<LPALAUXILIARYEFFECTSLOTI>(alGetProcAddress("alAuxiliaryEffectSloti"))(slot, param, value);
+    }
+};
+
 // Whether this OpenAL Soft takes an effect type (1.19 refuses the Vocal Morpher, later ones take it).
 inline bool LibraryTakesEffect(ALint alType)
 {
