@@ -124,6 +124,7 @@ private:
     int GetSource3f(ALenum token, float vector[3], const char* notSource);
 
     bool HasFilterEntryPoints() const;
+    bool IsFilter(ALuint filter) const;
     // Whether a send index passes the bound test against the granted sends and fits the arrays.
     static bool SendInRange(int send);
     int SetDirectFilterProperty(ALenum token, float gain, const char* tokenName);

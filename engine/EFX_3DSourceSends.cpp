@@ -38,6 +38,14 @@ bool EFX_3DSource::HasFilterEntryPoints() const
     return alGenFilters && alDeleteFilters && alIsFilter && alFilteri && alFilterf && alGetFilteri && alGetFilterf;
 }
 
+// Name 0 is how a source says that it has no filter there (an absent send). OpenAL calls 0 a valid
+// filter, the null filter, so it is refused here first: a send without a filter reports an invalid
+// filter rather than failing in the OpenAL call after it.
+bool EFX_3DSource::IsFilter(ALuint filter) const
+{
+    return filter != 0 && HasFilterEntryPoints() && alIsFilter(filter) == AL_TRUE;
+}
+
 int EFX_3DSource::CreateDirectFilter()
 {
     // No alGetError before the generation: an error left over from earlier counts against it.
@@ -70,7 +78,7 @@ int EFX_3DSource::CreateDirectFilter()
 
 int EFX_3DSource::SetDirectFilterProperty(ALenum token, float gain, const char* tokenName)
 {
-    if (!HasFilterEntryPoints() || alIsFilter(m_directFilter) != AL_TRUE) {
+    if (!IsFilter(m_directFilter)) {
         AppendLog(LogMessage("Error setting source direct %s: invalid Direct filter", tokenName).Text());
         return 0;
     }
@@ -91,7 +99,7 @@ int EFX_3DSource::SetDirectFilterProperty(ALenum token, float gain, const char* 
 
 int EFX_3DSource::GetDirectFilterProperty(ALenum token, float* gain, const char* tokenName)
 {
-    if (!HasFilterEntryPoints() || alIsFilter(m_directFilter) != AL_TRUE) {
+    if (!IsFilter(m_directFilter)) {
         AppendLog(LogMessage("Error getting source direct %s: invalid direct filter", tokenName).Text());
         return 0;
     }
@@ -213,7 +221,7 @@ int EFX_3DSource::SetAuxSendFilterProperty(int send, ALenum token, float gain, c
 {
     if (!SendInRange(send))
         return 0;
-    if (!HasFilterEntryPoints() || alIsFilter(m_sendFilter[send]) != AL_TRUE) {
+    if (!IsFilter(m_sendFilter[send])) {
         AppendLog(invalidFilter);
         return 0;
     }
@@ -252,7 +260,7 @@ int EFX_3DSource::GetAuxSendFilterGains(int send, float* gain, float* gainHF)
 {
     if (!SendInRange(send))
         return 0;
-    if (!HasFilterEntryPoints() || alIsFilter(m_sendFilter[send]) != AL_TRUE) {
+    if (!IsFilter(m_sendFilter[send])) {
         AppendLog("Error getting Aux Send filter gains: invalid filter ");
         return 0;
     }
