@@ -1,9 +1,11 @@
 #pragma once
 
+#include "engine/ExecLog.h"
+
 #include <cstdio>
 
-// One log message built from a format and a property name or a few numbers. The names are short
-// constants, so 256 characters leave room to spare; snprintf cuts rather than overruns.
+// One log message built from a format and a property name, a few numbers or another object's log.
+// It holds as much as a log can; snprintf cuts rather than overruns.
 class LogMessage {
 public:
     template <typename... Args>
@@ -15,5 +17,5 @@ public:
     const char* Text() const { return m_text; }
 
 private:
-    char m_text[256];
+    char m_text[ExecLog::kLogSize];
 };
