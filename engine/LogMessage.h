@@ -2,17 +2,11 @@
 
 #include "engine/ExecLog.h"
 
-#include <cstdio>
-
 // One log message built from a format and a property name, a few numbers or another object's log.
-// It holds as much as a log can; snprintf cuts rather than overruns.
+// It holds as much as a log can; longer text is cut rather than overrunning.
 class LogMessage {
 public:
-    template <typename... Args>
-    explicit LogMessage(const char* format, Args... args)
-    {
-        std::snprintf(m_text, sizeof m_text, format, args...);
-    }
+    explicit LogMessage(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
     const char* Text() const { return m_text; }
 
