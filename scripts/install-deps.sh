@@ -9,7 +9,7 @@ packages=(
   qt6-base-dev libqt6opengl6-dev libgl-dev libglu1-mesa-dev libgl1-mesa-dri
   fonts-dejavu-core
   libgtest-dev
-  xvfb xauth
+  xvfb xauth libxtst-dev
   sox alsa-utils
 )
 

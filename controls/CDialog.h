@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QDialog>
+
+// A dialog with the life of a template dialog: OnInitDialog runs once, when the window first shows
+// (after its owner has filled its members), and DoModal runs it modally.
+class CDialog : public QDialog {
+public:
+    explicit CDialog(QWidget* parent = nullptr);
+
+    int DoModal() { return exec(); }
+
+protected:
+    virtual void OnInitDialog() {}
+    void showEvent(QShowEvent* event) override;
+
+private:
+    bool m_initialized = false;
+};

@@ -1,0 +1,72 @@
+#include "controls/DialogTemplate.h"
+
+#include "controls/ControlId.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeWidget>
+
+namespace {
+
+QWidget* MakeControl(const ControlTemplate& row, QDialog* dialog)
+{
+    const QString caption = QString::fromUtf8(row.caption ? row.caption : "");
+    switch (row.kind) {
+    case ControlKind::DefaultButton: {
+        auto* button = new QPushButton(caption, dialog);
+        button->setDefault(true);
+        return button;
+    }
+    case ControlKind::Button: {
+        auto* button = new QPushButton(caption, dialog);
+        button->setAutoDefault(false);
+        return button;
+    }
+    case ControlKind::RadioButton: {
+        // Radio buttons of a template are independent: the dialog sets their checks itself.
+        auto* radio = new QRadioButton(caption, dialog);
+        radio->setAutoExclusive(false);
+        return radio;
+    }
+    case ControlKind::CheckBox:
+        return new QCheckBox(caption, dialog);
+    case ControlKind::GroupBox:
+        return new QGroupBox(caption, dialog);
+    case ControlKind::Static: {
+        auto* label = new QLabel(caption, dialog);
+        label->setWordWrap(true);
+        label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        return label;
+    }
+    case ControlKind::TreeView: {
+        auto* tree = new QTreeWidget(dialog);
+        tree->setHeaderHidden(true);
+        return tree;
+    }
+    case ControlKind::ListBox:
+        return new QListWidget(dialog);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void BuildDialog(QDialog* dialog, const char* title, QSize size, const ControlTemplate* controls, int count)
+{
+    dialog->setWindowTitle(QString::fromUtf8(title));
+    dialog->setFixedSize(size);
+    for (int i = 0; i < count; ++i) {
+        QWidget* control = MakeControl(controls[i], dialog);
+        control->setGeometry(controls[i].place);
+        if (controls[i].id != 0)
+            SetControlId(control, controls[i].id);
+        // Group boxes go behind the controls they frame.
+        if (controls[i].kind == ControlKind::GroupBox)
+            control->lower();
+    }
+}

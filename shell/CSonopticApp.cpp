@@ -1,0 +1,93 @@
+#include "shell/CSonopticApp.h"
+
+#include "controls/AfxMessageBox.h"
+#include "shell/CInitializationPanel.h"
+#include "shell/CRouterPanel.h"
+#include "shell/CommandLine.h"
+#include "values/UI_EFX_Bridge.h"
+
+#include <QApplication>
+
+#include <new>
+
+namespace {
+
+CSonopticApp* g_app = nullptr;
+
+void ShowBridgeMessage(const char* text)
+{
+    AfxMessageBox(QString::fromLocal8Bit(text));
+}
+
+} // namespace
+
+CSonopticApp::CSonopticApp(std::string commandLine)
+    : m_commandLine(std::move(commandLine))
+{
+    m_bridge = new (std::nothrow) UI_EFX_Bridge();
+    m_maxSends = 0;
+    m_showDeviceDialog = 1;
+}
+
+CSonopticApp::~CSonopticApp()
+{
+    if (m_keyboardFilter)
+        qApp->removeEventFilter(m_keyboardFilter.get());
+    delete m_bridge;
+    if (g_app == this)
+        g_app = nullptr;
+}
+
+CSonopticApp* CSonopticApp::GetApp()
+{
+    return g_app;
+}
+
+int CSonopticApp::InitInstance()
+{
+    g_app = this;
+    m_keyboardFilter = std::make_unique<CKeyboardFilter>(this);
+    qApp->installEventFilter(m_keyboardFilter.get());
+    UI_EFX_Bridge::SetMessageBoxHandler(&ShowBridgeMessage);
+
+    // The controls' shared drawing resources (pens, brushes, fonts, the arrow and knob bitmaps and
+    // the shared style records) are made here, before any dialog, once the controls exist.
+
+    const CommandLineChoice choice = ParseCommandLine(m_commandLine);
+    m_maxSends = choice.maxSends;
+    if (choice.message)
+        AfxMessageBox(QString::fromUtf8(choice.message));
+
+    if (choice.showConfiguration) {
+        CInitializationPanel configuration;
+        configuration.m_target = &m_maxSends;
+        configuration.exec();
+    }
+    if (m_showDeviceDialog) {
+        CRouterPanel devices;
+        devices.m_bridge = m_bridge;
+        devices.exec();
+    }
+
+    if (!m_bridge->InitializeEngine(3, m_engineReserved, static_cast<std::uint32_t>(m_maxSends)))
+        return 0;
+
+    // The main dialog runs here as the program's only loop; when it closes, the application object's
+    // destructor stops the engine.
+    return 0;
+}
+
+void CSonopticApp::RunShortcut(ShortcutAction action)
+{
+    switch (action) {
+    case ShortcutAction::ProcessContext:
+        m_bridge->ProcessContext();
+        break;
+    case ShortcutAction::SuspendContext:
+        m_bridge->SuspendContext();
+        break;
+    default:
+        // The other shortcuts are the main dialog's; without it they are consumed and do nothing.
+        break;
+    }
+}
