@@ -72,8 +72,9 @@ void PlaceDecay(ResponseScene& scene, const ReverbResponseParams& params, const 
   const auto row = static_cast<std::size_t>(i);
   const ResponsePoint start = scene.LateStartTop[row];
   const float tf = RowDecayTime(params, common, i);
-  const ResponsePoint decay = {(tf / GraphSeconds) * ResponseTimeExtent * static_cast<float>(LateDecayMagnify) + start.x,
-                               start.y - SixtyDecibelsOnAxis, start.z};
+  // T60 of the row along the time axis, 60 dB down the level axis.
+  const float decayX = (tf / GraphSeconds) * ResponseTimeExtent * static_cast<float>(LateDecayMagnify) + start.x;
+  const ResponsePoint decay = {decayX, start.y - SixtyDecibelsOnAxis, start.z};
   scene.LateDecayPoint[row] = decay;
 
   // The decay line carried on down to the floor, and across to the right wall (below the floor if it gets

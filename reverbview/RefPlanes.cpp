@@ -2,8 +2,6 @@
 // time origin to where the decay of the nearest row at or below that frequency meets the floor. Nothing stops
 // them at the right wall: a plane pokes through it when that decay ends beyond x = 2.0.
 
-#include <array>
-
 #include "reverbview/ResponseSceneState.h"
 
 namespace {
@@ -17,7 +15,7 @@ std::size_t RowAtOrBelow(std::int32_t rows, float z) {
   return static_cast<std::size_t>(static_cast<std::int32_t>(position));
 }
 
-void PlaceOnReference(std::array<ResponsePoint, 4>& plane, const ResponseScene& scene, float referenceHz) {
+void PlaceOnReference(ResponseScene::RefPlane& plane, const ResponseScene& scene, float referenceHz) {
   const float zp = FrequencyToAxis(referenceHz);
   for (ResponsePoint& corner : plane) corner.z = zp;
   if (scene.Rows < 1) return;

@@ -56,8 +56,11 @@ struct ResponseScene {
   std::vector<ResponsePoint> LateWallBase;
 
   // Reference planes, corners in the order (0, 0), (2, 0), (2, 1), (0, 1) in x and y, at the reference's z.
-  std::array<ResponsePoint, 4> HFRefPlane{{{0.0f, 0.0f, 0.0f}, {2.0f, 0.0f, 0.0f}, {2.0f, 1.0f, 0.0f}, {0.0f, 1.0f, 0.0f}}};
-  std::array<ResponsePoint, 4> LFRefPlane{{{0.0f, 0.0f, 0.0f}, {2.0f, 0.0f, 0.0f}, {2.0f, 1.0f, 0.0f}, {0.0f, 1.0f, 0.0f}}};
+  // UpdateRefPlanes moves the z of all four and the x of the second and third.
+  using RefPlane = std::array<ResponsePoint, 4>;
+  static constexpr RefPlane PlaneAtStart{{{0.0f, 0.0f, 0.0f}, {2.0f, 0.0f, 0.0f}, {2.0f, 1.0f, 0.0f}, {0.0f, 1.0f, 0.0f}}};
+  RefPlane HFRefPlane = PlaneAtStart;
+  RefPlane LFRefPlane = PlaneAtStart;
 };
 
 // The one scene of the process, for reading.

@@ -2,90 +2,69 @@
 
 using EarlyMesh = ResponseSceneTest;
 
-TEST_F(EarlyMesh, SlabRunsFromTheReflectionsDelayToTheLateDelayMagnified) {
+TEST_F(EarlyMesh, SlabRunsFromTheReflectionsDelayOverTheLateDelayMagnified) {
   ReverbResponseParams p = Neutral();
-  p.ReflectionsDelay = 0.1f;   // drawn at 1 unit a second
-  p.LateReverbDelay = 0.05f;   // drawn at 4 units a second
+  p.ReflectionsDelay = 0.1f;  // 1 unit a second
+  p.LateReverbDelay = 0.05f;  // 4 units a second
   BuildEarlyMesh(p);
   const ResponseScene& s = Scene();
   for (int i = 0; i < 20; ++i) {
     EXPECT_FLOAT_EQ(s.EarlyStartTop[i].x, 0.1f) << "row " << i;
     EXPECT_FLOAT_EQ(s.EarlyEndTop[i].x, 0.3f) << "row " << i;
-    EXPECT_EQ(s.EarlyStartBase[i].x, s.EarlyStartTop[i].x);
-    EXPECT_EQ(s.EarlyEndBase[i].x, s.EarlyEndTop[i].x);
-  }
-}
-
-TEST_F(EarlyMesh, EveryCornerSitsOnItsRowAndTheBasesOnTheFloor) {
-  ReverbResponseParams p = Neutral();
-  p.ReflectionsDelay = 0.02f;
-  p.LateReverbDelay = 0.03f;
-  BuildEarlyMesh(p);
-  const ResponseScene& s = Scene();
-  for (int i = 0; i < 20; ++i) {
-    const float z = s.FrequencyAxis[i];
-    EXPECT_EQ(s.EarlyStartTop[i].z, z);
-    EXPECT_EQ(s.EarlyStartBase[i].z, z);
-    EXPECT_EQ(s.EarlyEndTop[i].z, z);
-    EXPECT_EQ(s.EarlyEndBase[i].z, z);
     EXPECT_EQ(s.EarlyEndTop[i].y, s.EarlyStartTop[i].y);
-    EXPECT_EQ(s.EarlyStartBase[i].y, 0.0f);
-    EXPECT_EQ(s.EarlyEndBase[i].y, 0.0f);
+    // The bases stand under the tops, on the floor.
+    const ResponsePoint& startBase = s.EarlyStartBase[i];
+    const ResponsePoint& endBase = s.EarlyEndBase[i];
+    EXPECT_TRUE(startBase.x == s.EarlyStartTop[i].x && startBase.y == 0.0f && startBase.z == s.FrequencyAxis[i]);
+    EXPECT_TRUE(endBase.x == s.EarlyEndTop[i].x && endBase.y == 0.0f && endBase.z == s.FrequencyAxis[i]);
   }
 }
 
-TEST_F(EarlyMesh, StrongestReflectionsWithoutGainTopAtZeroDecibels) {
+// The slab stands 10 dB lower than its gains: the strongest reflections (+10 dB) with no Gain top at 0 dB.
+TEST_F(EarlyMesh, TopStandsTenDecibelsBelowTheGainsAndStopsOnTheFloor) {
   ReverbResponseParams p = Neutral();
-  p.ReflectionsGain = 1000;  // +10 dB, cancelled by the slab's 10 dB of headroom
+  p.ReflectionsGain = 1000;
   BuildEarlyMesh(p);
   for (int i = 0; i < 20; ++i) EXPECT_FLOAT_EQ(Scene().EarlyStartTop[i].y, 1.0f) << "row " << i;
-
   p.ReflectionsGain = 0;
   p.Gain = -2000;
   BuildEarlyMesh(p);
-  for (int i = 0; i < 20; ++i) EXPECT_FLOAT_EQ(Scene().EarlyStartTop[i].y, 0.7f) << "row " << i;
-}
-
-TEST_F(EarlyMesh, LevelsAtAndBelowMinusHundredDecibelsLieOnTheFloor) {
-  ReverbResponseParams p = Neutral();
-  p.Gain = -9000;  // -90 dB, less the 10 dB of headroom: exactly -10000 mB
-  BuildEarlyMesh(p);
-  EXPECT_EQ(Scene().EarlyStartTop[0].y, 0.0f);
+  EXPECT_FLOAT_EQ(Scene().EarlyStartTop[7].y, 0.7f);
   p.Gain = -8999;
   BuildEarlyMesh(p);
-  EXPECT_NEAR(Scene().EarlyStartTop[0].y, 0.0001f, 1e-7f);
-  p.Gain = -10000;
-  p.ReflectionsGain = -10000;
+  EXPECT_NEAR(Scene().EarlyStartTop[7].y, 0.0001f, 1e-7f);
+  p.Gain = -9000;  // exactly -10000 mB with the headroom
   BuildEarlyMesh(p);
-  for (int i = 0; i < 20; ++i) EXPECT_EQ(Scene().EarlyStartTop[i].y, 0.0f) << "row " << i;
+  EXPECT_EQ(Scene().EarlyStartTop[7].y, 0.0f);
+  p.Gain = p.ReflectionsGain = -10000;
+  BuildEarlyMesh(p);
+  EXPECT_EQ(Scene().EarlyStartTop[7].y, 0.0f);
 }
 
-TEST_F(EarlyMesh, HighAndLowGainsShapeTheTopAcrossFrequency) {
+TEST_F(EarlyMesh, GainsAboveAndBelowTheReferencesShapeTheTop) {
   ReverbResponseParams p = Neutral();
   p.ReflectionsGain = 1000;
-  p.GainHF = -1200;
-  p.GainLF = -600;
+  p.GainHF = -1000;
+  p.GainLF = -1000;
   BuildEarlyMesh(p);
-  const ResponseScene& s = Scene();
-  // The shelves land on whole millibels: -12 dB at 20 kHz nearly doubles, -6 dB at 20 Hz nearly doubles.
-  EXPECT_NEAR(s.EarlyStartTop[19].y, 1.0f - 0.236f, 0.003f);
-  EXPECT_NEAR(s.EarlyStartTop[0].y, 1.0f - 0.118f, 0.003f);
-  float lowest = 1.0f;
-  for (int i = 0; i < 20; ++i) lowest = std::min(lowest, s.EarlyStartTop[i].y);
-  EXPECT_EQ(lowest, s.EarlyStartTop[19].y);
+  EXPECT_NEAR(Scene().EarlyStartTop[19].y, 1.0f - 0.1966f, 2e-4f);
+  EXPECT_NEAR(Scene().EarlyStartTop[0].y, 1.0f - 0.1973f, 2e-4f);
+  EXPECT_GT(Scene().EarlyStartTop[10].y, 0.95f);
 }
 
-// The shelves see whole decibels only: the gains are divided by 100 in integers.
-TEST_F(EarlyMesh, GainHFCountsInWholeDecibelsTruncatedTowardZero) {
-  auto topRow = [](int gainHF) {
+// The shelves see whole decibels only: the gains are divided by 100 in integers, in both solids.
+TEST_F(EarlyMesh, GainHFCountsInWholeDecibelsInBothSolids) {
+  auto topRows = [](int gainHF) {
     ReverbResponseParams p = Neutral();
     p.ReflectionsGain = 1000;
     p.GainHF = gainHF;
     BuildEarlyMesh(p);
-    return Scene().EarlyStartTop[19].y;
+    BuildLateMesh(p);
+    return std::make_pair(Scene().EarlyStartTop[19].y, Scene().LateStartTop[19].y);
   };
-  EXPECT_EQ(topRow(-150), topRow(-100));
-  EXPECT_LT(topRow(-150), topRow(0));
-  EXPECT_EQ(topRow(-99), topRow(0));
-  EXPECT_FLOAT_EQ(topRow(-99), 1.0f);
+  EXPECT_EQ(topRows(-150), topRows(-100));
+  EXPECT_LT(topRows(-150).first, topRows(0).first);
+  EXPECT_LT(topRows(-150).second, topRows(0).second);
+  EXPECT_EQ(topRows(-99), topRows(0));
+  EXPECT_FLOAT_EQ(topRows(-99).first, 1.0f);
 }
