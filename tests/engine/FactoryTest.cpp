@@ -1,3 +1,4 @@
+#include "engine/EFX_Context.h"
 #include "engine/EFX_Factory.h"
 #include "engine/ProcAddress.h"
 
@@ -170,4 +171,43 @@ TEST(ConfLimitedDevice, ProbeCountsTheSourcesTheDeviceReallyGives)
     ASSERT_EQ(ListLength(list), 1);
     EXPECT_EQ(list->maxSources, 64);
     EFX_Factory::FreeDeviceList();
+}
+
+TEST(FactoryLifetime, DestructorWarnsOfAndReleasesWhatIsStillAlive)
+{
+    FactoryPtr factory = StartFactory(2);
+    ASSERT_NE(factory->CreateContext(), nullptr);
+    ASSERT_NE(factory->CreateEffectSlot(0), nullptr);
+    ASSERT_NE(factory->CreateEffectSlot(2), nullptr);
+    // A second creation gives the same object and leaves no message.
+    factory->ClearLog();
+    EXPECT_EQ(factory->CreateEffectSlot(0), factory->GetEffectSlot(0));
+    EXPECT_STREQ(factory->GetLog(), "");
+
+    // The destructor writes its warnings into a log nobody reads afterwards; the test runs it by hand
+    // and reads the text from the storage before freeing it.
+    EFX_Factory* raw = factory.release();
+    raw->Shutdown();
+    raw->ClearLog();
+    raw->~EFX_Factory();
+    EXPECT_EQ(std::string(raw->GetLog()), "Warning: Destroying factory while listener is still alive."
+                                          "Warning: Destroying factory while effect slot is still alive."
+                                          "Warning: Destroying factory while effect slot is still alive.");
+    ::operator delete(raw);
+}
+
+TEST(FactoryLifetime, ContextDeletedByItsUserCausesNoWarning)
+{
+    FactoryPtr factory = StartFactory(2);
+    EFX_Context* context = factory->CreateContext();
+    ASSERT_NE(context, nullptr);
+    EXPECT_EQ(factory->CreateContext(), context);
+    EFX_Base::SafeRelease(context);
+
+    EFX_Factory* raw = factory.release();
+    raw->Shutdown();
+    raw->ClearLog();
+    raw->~EFX_Factory();
+    EXPECT_STREQ(raw->GetLog(), "");
+    ::operator delete(raw);
 }
