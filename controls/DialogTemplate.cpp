@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QDialog>
+#include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
@@ -13,7 +14,7 @@
 
 namespace {
 
-QWidget* MakeControl(const ControlTemplate& row, QDialog* dialog)
+QWidget* MakeControl(const ControlTemplate& row, QWidget* dialog)
 {
     const QString caption = QString::fromUtf8(row.caption ? row.caption : "");
     switch (row.kind) {
@@ -50,6 +51,18 @@ QWidget* MakeControl(const ControlTemplate& row, QDialog* dialog)
     }
     case ControlKind::ListBox:
         return new QListWidget(dialog);
+    case ControlKind::EtchedFrame: {
+        auto* frame = new QFrame(dialog);
+        frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+        return frame;
+    }
+    case ControlKind::BitmapButton: {
+        // The caption stands until a bitmap is set on the button.
+        auto* button = new QPushButton(caption, dialog);
+        button->setAutoDefault(false);
+        button->setFlat(true);
+        return button;
+    }
     }
     return nullptr;
 }
@@ -60,13 +73,18 @@ void BuildDialog(QDialog* dialog, const char* title, QSize size, const ControlTe
 {
     dialog->setWindowTitle(QString::fromUtf8(title));
     dialog->setFixedSize(size);
+    BuildControls(dialog, controls, count);
+}
+
+void BuildControls(QWidget* parent, const ControlTemplate* controls, int count)
+{
     for (int i = 0; i < count; ++i) {
-        QWidget* control = MakeControl(controls[i], dialog);
+        QWidget* control = MakeControl(controls[i], parent);
         control->setGeometry(controls[i].place);
         if (controls[i].id != 0)
             SetControlId(control, controls[i].id);
         // Group boxes go behind the controls they frame.
-        if (controls[i].kind == ControlKind::GroupBox)
+        if (controls[i].kind == ControlKind::GroupBox || controls[i].kind == ControlKind::EtchedFrame)
             control->lower();
     }
 }

@@ -16,6 +16,8 @@ enum class ControlKind {
     Static,
     TreeView,
     ListBox,
+    BitmapButton,
+    EtchedFrame,
 };
 
 struct ControlTemplate {
@@ -25,8 +27,16 @@ struct ControlTemplate {
     QRect place;
 };
 
-// Creates the controls of the table as children of dialog, at their places, and fixes the dialog's
-// size and title.
+// Creates the controls of the table as children of parent, at their places.
+void BuildControls(QWidget* parent, const ControlTemplate* controls, int count);
+
+template <int N>
+void BuildControls(QWidget* parent, const ControlTemplate (&controls)[N])
+{
+    BuildControls(parent, controls, N);
+}
+
+// Creates the controls of the table in dialog, and fixes the dialog's size and title.
 void BuildDialog(QDialog* dialog, const char* title, QSize size, const ControlTemplate* controls, int count);
 
 template <int N>

@@ -10,6 +10,17 @@ constexpr int IDD_INITIALIZATION = 180;
 constexpr int IDD_ROUTER = 186;
 constexpr int IDD_MAIN = 192;
 
+// Strings.
+constexpr const char* IDS_ABOUTBOX = "&About Sonoptic..."; // string 101
+
+// Icons and bitmaps.
+constexpr int IDR_MAINFRAME = 128;
+constexpr int IDB_SLOT_0 = 156;           // 156 to 159: slot buttons not selected
+constexpr int IDB_SLOT_0_SELECTED = 160;  // 160 to 163: selected
+
+// System command of the About entry.
+constexpr int IDM_ABOUTBOX = 16;
+
 // Controls shared by every dialog.
 constexpr int IDOK = 1;
 constexpr int IDCANCEL = 2;
@@ -22,7 +33,21 @@ constexpr int IDC_SENDS_4 = 1284;
 // Audio device selection: the device tree.
 constexpr int IDC_DEVICE_TREE = 1303;
 
-// Menu entries.
+// Main dialog.
+constexpr int IDC_SLOT_BUTTON_0 = 1002; // 1002 to 1005
+constexpr int IDC_CREATE_SLOT = 1335;
+constexpr int IDC_SLOT_PANEL_MARKER = 1010;
+constexpr int IDC_CONSOLE = 1011;
+
+// Menu 146 of the main dialog, and the entries shared with the context/source window.
+constexpr int IDR_MAIN_MENU = 146;
+constexpr int ID_SHOW_SLOT_0 = 32788; // 32788 to 32791
+constexpr int ID_SHOW_BROWSER = 32799;
+constexpr int ID_SHOW_CONTEXT_WINDOW = 32773;
 constexpr int ID_AUTOPLAY = 32795;
+constexpr int ID_ADD_SOURCE = 32787;
+constexpr int ID_SHOW_POSITION_WINDOW = 32793;
+constexpr int ID_SUSPEND_CONTEXT = 32805;
+constexpr int ID_PROCESS_CONTEXT = 32806;
 
 } // namespace res
