@@ -1,0 +1,26 @@
+#pragma once
+
+// Capturing a live effect slot into a preset record, and applying a record to a slot. Each field is
+// one getter or setter call on a slot taken anew from the factory, in the record's field order: the
+// Equalizer's four gains come first, and the EAX reverb goes through its engine values (with its
+// pans read one place late). Each set takes effect at once and logs in the slot's log as any other
+// change would; a failed call does not stop the ones after it.
+
+#include "engine/EFX_Factory.h"
+#include "presets/EffectGuid.h"
+
+#include <cstdint>
+#include <vector>
+
+// The record of the effect type that the slot holds, of that type's record size. Empty for an empty
+// slot or an unknown type. A getter that fails leaves its field zero, as are the words that carry
+// nothing (Environment and the EAX reverb's pans, bar the late pan's x).
+std::vector<std::uint8_t> CaptureRecord(EFX_Factory& factory, std::uint32_t slotIndex, int effectType);
+
+// Sets the slot's values from a record of the effect with identifier `guid`; an unknown identifier
+// does nothing. The record's size is not compared with the effect's: a longer record applies its
+// first bytes, and the words that a shorter one lacks are taken as zero rather than read past its
+// end. The Flanger's waveform is not applied: its setter is called with a value out of range, which
+// the engine refuses with a line in the slot's log, and the slot keeps its waveform.
+void ApplyPreset(EFX_Factory& factory, std::uint32_t slotIndex, const EffectGuid& guid, const std::uint8_t* data,
+                 std::uint32_t size);
