@@ -1,25 +1,15 @@
+// The bridge's life, the engine start, the device choice and the program-wide switches.
 #include "values/UI_EFX_Bridge.h"
 
+#include "engine/EFX_3DSource.h"
+#include "engine/EFX_Context.h"
 #include "engine/EFX_Factory.h"
-#include "values/LogConsole.h"
+#include "values/BridgeState.h"
+#include "values/BridgeWindows.h"
 
 #include <cstring>
 
 namespace {
-
-// The bridge's program-wide state, beside the class.
-struct BridgeState {
-    UI_EFX_Bridge* instance = nullptr;
-    EFX_Factory* factory = nullptr;
-    LogConsole* logList = nullptr;
-    char deviceName[UI_EFX_Bridge::kDeviceNameSize] = {};
-    UI_EFX_Bridge::MessageBoxHandler messageBox = nullptr;
-};
-
-BridgeState g_bridge;
-
-// The console shows its last five lines after each addition.
-constexpr int kVisibleLogLines = 5;
 
 void ShowMessageBox(const char* text)
 {
@@ -27,22 +17,43 @@ void ShowMessageBox(const char* text)
         g_bridge.messageBox(text);
 }
 
+// The menu entry "Auto Play source on creation" of both dialogs follows AutoPlay.
+void TellAutoPlay()
+{
+    if (g_bridge.MainDialog)
+        g_bridge.MainDialog->SetAutoPlayCheck(g_bridge.AutoPlay);
+    if (g_bridge.ContextSourceDialog)
+        g_bridge.ContextSourceDialog->SetAutoPlayCheck(g_bridge.AutoPlay);
+}
+
 } // namespace
 
 UI_EFX_Bridge::UI_EFX_Bridge()
 {
+    // Everything but the message-box hook, which the shell installs once for the program.
+    const MessageBoxHandler messageBox = g_bridge.messageBox;
+    g_bridge = BridgeState();
+    g_bridge.messageBox = messageBox;
     g_bridge.instance = this;
-    g_bridge.factory = nullptr;
-    g_bridge.logList = nullptr;
-    g_bridge.deviceName[0] = '\0';
+    bridge_tables::AllocateOwnTables();
 }
 
 UI_EFX_Bridge::~UI_EFX_Bridge()
 {
-    if (g_bridge.factory) {
-        g_bridge.factory->Shutdown();
-        delete g_bridge.factory;
-        g_bridge.factory = nullptr;
+    bridge_tables::DeleteOwnTables();
+    for (EFX_3DSource*& source : g_bridge.Sources) {
+        if (!source)
+            continue;
+        source->Stop();
+        source->Release();
+        source = nullptr;
+    }
+    EFX_Base::SafeRelease(g_bridge.Context);
+    g_bridge.Context = nullptr;
+    if (g_bridge.Factory) {
+        g_bridge.Factory->Shutdown();
+        delete g_bridge.Factory;
+        g_bridge.Factory = nullptr;
     }
     EFX_Factory::FreeDeviceList();
     if (g_bridge.instance == this)
@@ -61,11 +72,11 @@ void UI_EFX_Bridge::SetMessageBoxHandler(MessageBoxHandler handler)
 
 int UI_EFX_Bridge::InitializeEngine(int /*mode*/, std::uint32_t reserved, std::uint32_t maxSends)
 {
-    g_bridge.factory = EFX_Factory::Create();
-    if (g_bridge.factory->Initialize(reserved, maxSends))
+    g_bridge.Factory = EFX_Factory::Create();
+    if (g_bridge.Factory->Initialize(reserved, maxSends))
         return 1;
     ShowMessageBox("Error initializing audio engine:");
-    ShowMessageBox(g_bridge.factory->GetLog());
+    ShowMessageBox(g_bridge.Factory->GetLog());
     return 0;
 }
 
@@ -79,13 +90,13 @@ DeviceInfo* UI_EFX_Bridge::GetDeviceList()
 void UI_EFX_Bridge::SelectDevice(const char* name)
 {
     EFX_Factory::SelectDevice(name);
-    g_bridge.deviceName[0] = '\0';
-    std::strncat(g_bridge.deviceName, name, kDeviceNameSize - 1);
+    g_bridge.DeviceName[0] = '\0';
+    std::strncat(g_bridge.DeviceName, name, kDeviceNameSize - 1);
 }
 
 const char* UI_EFX_Bridge::GetDeviceName() const
 {
-    return g_bridge.deviceName;
+    return g_bridge.DeviceName;
 }
 
 std::uint32_t UI_EFX_Bridge::GetMaxSends() const
@@ -95,53 +106,92 @@ std::uint32_t UI_EFX_Bridge::GetMaxSends() const
 
 EFX_Factory* UI_EFX_Bridge::GetFactory() const
 {
-    return g_bridge.factory;
+    return g_bridge.Factory;
 }
 
-void UI_EFX_Bridge::SetLogList(LogConsole* console)
+EFX_Context* UI_EFX_Bridge::GetContext() const
 {
-    g_bridge.logList = console;
+    return g_bridge.Context;
 }
 
-void UI_EFX_Bridge::AddLogLine(const char* text)
+void UI_EFX_Bridge::SetCallbacksEnabled(int flag)
 {
-    if (g_bridge.logList)
-        g_bridge.logList->AddString(text);
+    g_bridge.CallbacksEnabled = flag;
 }
 
-void UI_EFX_Bridge::ScrollLog()
+int UI_EFX_Bridge::GetCallbacksEnabled() const
 {
-    if (g_bridge.logList)
-        g_bridge.logList->SetTopIndex(g_bridge.logList->GetCount() - kVisibleLogLines);
+    return g_bridge.CallbacksEnabled;
 }
 
-void UI_EFX_Bridge::LogMessage(const char* text)
+void UI_EFX_Bridge::SetMainDialog(BridgeMainDialog* dialog)
 {
-    AddLogLine(text);
-    ScrollLog();
+    g_bridge.MainDialog = dialog;
 }
 
-void UI_EFX_Bridge::FlushFactoryLog()
+void UI_EFX_Bridge::SetContextSourceDialog(BridgeContextSourceDialog* dialog)
 {
-    if (!g_bridge.factory)
-        return;
-    AddLogLine(g_bridge.factory->GetLog());
-    g_bridge.factory->ClearLog();
-    ScrollLog();
+    g_bridge.ContextSourceDialog = dialog;
 }
 
-void UI_EFX_Bridge::SuspendContext()
+void UI_EFX_Bridge::SetSlotPanel(int slot, BridgeSlotPanel* panel)
 {
-    if (!g_bridge.factory)
-        return;
-    g_bridge.factory->SuspendContext();
-    FlushFactoryLog();
+    if (bridge_detail::IsSlotNumber(slot))
+        g_bridge.SlotPanels[slot] = panel;
 }
 
-void UI_EFX_Bridge::ProcessContext()
+void UI_EFX_Bridge::SetPanner(int slot, BridgePanner* panner)
 {
-    if (!g_bridge.factory)
-        return;
-    g_bridge.factory->ProcessContext();
-    FlushFactoryLog();
+    if (bridge_detail::IsSlotNumber(slot))
+        g_bridge.Panners[slot] = panner;
+}
+
+void UI_EFX_Bridge::SetResponseWindow(BridgeResponseWindow* window)
+{
+    g_bridge.ResponseWindow = window;
+}
+
+BridgeResponseWindow* UI_EFX_Bridge::GetResponseWindow() const
+{
+    return g_bridge.ResponseWindow;
+}
+
+void UI_EFX_Bridge::SetPositionWindow(BridgePositionWindow* window)
+{
+    g_bridge.PositionWindow = window;
+}
+
+void UI_EFX_Bridge::ToggleAutoPlay()
+{
+    g_bridge.AutoPlay = !g_bridge.AutoPlay;
+    TellAutoPlay();
+}
+
+int UI_EFX_Bridge::GetAutoPlay() const
+{
+    return g_bridge.AutoPlay;
+}
+
+void UI_EFX_Bridge::SetPositionRange(double extent)
+{
+    // Listener params 1 to 3 and source params 4 to 6 are the positions.
+    auto setRange = [extent](CEFXFloatValObs* const* position) {
+        if (!position[0] || !position[1] || !position[2])
+            return;
+        for (int axis = 0; axis < 3; ++axis) {
+            position[axis]->Minimum = static_cast<float>(extent * -0.5);
+            position[axis]->Maximum = static_cast<float>(extent * 0.5);
+            position[axis]->RangeChecked = 1;
+        }
+    };
+    BridgeValueTables& tables = BridgeTables();
+    setRange(&tables.ListenerValues[1]);
+    for (auto& source : tables.SourceValues)
+        setRange(&source[4]);
+}
+
+void UI_EFX_Bridge::TellPositionWindow()
+{
+    if (g_bridge.PositionWindow)
+        g_bridge.PositionWindow->RedrawPositionWindow();
 }

@@ -1,0 +1,59 @@
+// The knob's linear law, the millibels of the response record and the position window's range.
+
+#include "values/CConvertNumeric.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+TEST(LinearRange, FractionsAndValuesMapBothWaysAndStopAtTheEnds)
+{
+    CConvertNumericToLinearRange converter;
+    converter.Low = -180;
+    converter.High = 180;
+    EXPECT_DOUBLE_EQ(converter.ToLinear(0), 0.5);
+    EXPECT_DOUBLE_EQ(converter.ToLinear(-90), 0.25);
+    EXPECT_DOUBLE_EQ(converter.ToLinear(-181), 0.0);
+    EXPECT_DOUBLE_EQ(converter.ToLinear(181), 1.0);
+    EXPECT_DOUBLE_EQ(converter.FromLinear(0.75), 90);
+    EXPECT_DOUBLE_EQ(converter.FromLinear(-0.5), -180);
+    EXPECT_DOUBLE_EQ(converter.FromLinear(1.5), 180);
+
+    converter.Low = 0.126;
+    converter.High = 7.943;
+    for (double fraction : {0.0, 0.3, 0.61, 1.0})
+        EXPECT_NEAR(converter.ToLinear(converter.FromLinear(fraction)), fraction, 1e-12);
+}
+
+TEST(LinearRange, EqualEndsGiveNotANumberInsideAndOutside)
+{
+    CConvertNumericToLinearRange converter;
+    converter.Low = 2;
+    converter.High = 2;
+    EXPECT_TRUE(std::isnan(converter.ToLinear(1)));
+    EXPECT_TRUE(std::isnan(converter.ToLinear(2)));
+    EXPECT_TRUE(std::isnan(converter.ToLinear(3)));
+    EXPECT_DOUBLE_EQ(converter.FromLinear(0.4), 2);
+}
+
+TEST(Millibels, GainsBecomeTruncatedMillibelsWithAFloorAtMinusTenThousand)
+{
+    EXPECT_EQ(LevelToMillibels(1.0f), 0);
+    EXPECT_EQ(LevelToMillibels(0.1f), -2000);
+    EXPECT_EQ(LevelToMillibels(10.0f), 2000);
+    EXPECT_EQ(LevelToMillibels(0.0f), -10000);
+    EXPECT_EQ(LevelToMillibels(0.00001f), -10000);
+    EXPECT_EQ(LevelToMillibels(-3.0f), -10000);
+    // Truncated, not rounded: ln(0.32) * 868.589 is -989.6, ln(3.5) * 868.589 is 1088.1.
+    EXPECT_EQ(LevelToMillibels(0.32f), -989);
+    EXPECT_EQ(LevelToMillibels(3.5f), 1088);
+    EXPECT_EQ(LevelToMillibels(0.994f), -5);
+}
+
+TEST(PositionRange, TheScaleOfThePositionWindowGivesTheExtent)
+{
+    EXPECT_DOUBLE_EQ(PositionRangeExtent(20), 20);
+    EXPECT_DOUBLE_EQ(PositionRangeExtent(100), 4);
+    EXPECT_DOUBLE_EQ(PositionRangeExtent(1), 400);
+    EXPECT_NEAR(PositionRangeExtent(30), 13.3333, 1e-4);
+}
