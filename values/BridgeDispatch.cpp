@@ -36,6 +36,8 @@ SetOperation FindSet(const ValueChange& change)
 constexpr std::uint16_t kListener = 1;
 constexpr std::uint16_t kSource = 2;
 constexpr std::uint16_t kSlot = 4;
+constexpr std::uint16_t kEAXReverbCategory = 5;
+constexpr std::uint16_t kReverbCategory = 6;
 constexpr std::uint16_t kLastEffect = 17;
 
 // The new value, by kind. Number values are found by a checked cast; the event families carry
@@ -79,8 +81,15 @@ void WriteBack(UI_EFX_Bridge& bridge, std::uint16_t category, int index)
     case kSlot:
         bridge.RefreshSlot(index);
         break;
+    // The reverbs are read straight away: a slot that holds another type is passed over in silence.
+    case kEAXReverbCategory:
+        bridge.RefreshEAXReverb(index);
+        break;
+    case kReverbCategory:
+        bridge.RefreshReverb(index);
+        break;
     default:
-        // Categories 5 to 17 hold effect types 1 to 13.
+        // Categories 7 to 17 hold effect types 3 to 13, checked before they are read.
         bridge.RefreshEffectValues(index, category - kSlot);
         break;
     }
