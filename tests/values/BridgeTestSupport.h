@@ -102,8 +102,10 @@ protected:
 
     // What the effect panel of a slot makes in its constructor: the values that it owns, bound
     // with a wide range, and the controls of its combo boxes and its check box.
+    // A panel made again, for another effect, replaces the rows of the one before.
     void MakePanelRows(int slot, std::uint16_t category)
     {
+        ReleasePanelRows();
         BridgeValueTables& tables = BridgeTables();
         for (int p = 0; p < bridge_limits::kEffectValues; ++p) {
             tables.EffectValues[slot][p] = new CEFXFloatValObs();
