@@ -11,6 +11,7 @@ packages=(
   libgtest-dev
   xvfb xauth libxtst-dev
   sox alsa-utils
+  clang libclang-rt-14-dev
 )
 
 missing=()
