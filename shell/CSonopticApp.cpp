@@ -3,6 +3,7 @@
 #include "controls/AfxMessageBox.h"
 #include "shell/CInitializationPanel.h"
 #include "shell/CRouterPanel.h"
+#include "shell/CSonopticDlg.h"
 #include "shell/CommandLine.h"
 #include "values/UI_EFX_Bridge.h"
 
@@ -13,6 +14,32 @@
 namespace {
 
 CSonopticApp* g_app = nullptr;
+
+void RunDialogShortcut(CSonopticDlg& dialog, ShortcutAction action)
+{
+    switch (action) {
+    case ShortcutAction::ShowSlot0:
+    case ShortcutAction::ShowSlot1:
+    case ShortcutAction::ShowSlot2:
+    case ShortcutAction::ShowSlot3:
+        dialog.ShowSlot(static_cast<int>(action) - static_cast<int>(ShortcutAction::ShowSlot0));
+        break;
+    case ShortcutAction::AddSource:
+        dialog.AddSource();
+        break;
+    case ShortcutAction::ShowBrowser:
+        dialog.ShowBrowser();
+        break;
+    case ShortcutAction::ShowContextWindow:
+        dialog.ShowContextWindow();
+        break;
+    case ShortcutAction::ShowPositionWindow:
+        dialog.ShowPositionWindow();
+        break;
+    default:
+        break;
+    }
+}
 
 void ShowBridgeMessage(const char* text)
 {
@@ -72,8 +99,14 @@ int CSonopticApp::InitInstance()
     if (!m_bridge->InitializeEngine(3, m_engineReserved, static_cast<std::uint32_t>(m_maxSends)))
         return 0;
 
-    // The main dialog runs here as the program's only loop; when it closes, the application object's
-    // destructor stops the engine.
+    // The main dialog is the program's only loop; when it closes, its windows go, and the application
+    // object's destructor stops the engine.
+    {
+        CSonopticDlg dialog(m_bridge);
+        m_dlg = &dialog;
+        dialog.DoModal();
+        m_dlg = nullptr;
+    }
     return 0;
 }
 
@@ -87,7 +120,8 @@ void CSonopticApp::RunShortcut(ShortcutAction action)
         m_bridge->SuspendContext();
         break;
     default:
-        // The other shortcuts are the main dialog's; without it they are consumed and do nothing.
+        if (m_dlg)
+            RunDialogShortcut(*m_dlg, action);
         break;
     }
 }

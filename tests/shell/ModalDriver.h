@@ -38,7 +38,13 @@ private:
         ++m_seen;
         Step step = std::move(m_steps.front());
         m_steps.pop_front();
-        step(modal);
+        // The step runs outside this timer's handler, so that a window the step opens in turn can be
+        // answered: a timer does not fire again while its own handler runs.
+        QPointer<QWidget> target(modal);
+        QTimer::singleShot(0, [step = std::move(step), target] {
+            if (target)
+                step(target);
+        });
     }
 
     std::deque<Step> m_steps;

@@ -49,6 +49,15 @@ struct Transcript {
         };
     }
 
+    // The main dialog appears after a successful start; the user closes it at once.
+    ModalDriver::Step CloseMainDialog()
+    {
+        return [this](QWidget* modal) {
+            seen.push_back("main dialog");
+            modal->close();
+        };
+    }
+
     ModalDriver::Step UseDevice(const char* name)
     {
         return [this, name](QWidget* modal) {
@@ -65,13 +74,14 @@ struct Transcript {
 TEST(Startup, BadSendsAreReportedThenConfiguredThenTheEngineStarts)
 {
     Transcript user;
-    ModalDriver driver({user.ReadMessageBox(), user.ChooseSends(res::IDC_SENDS_4), user.UseDevice(nullptr)});
+    ModalDriver driver({user.ReadMessageBox(), user.ChooseSends(res::IDC_SENDS_4), user.UseDevice(nullptr),
+                        user.CloseMainDialog()});
     CSonopticApp app("-maxsends=5");
     EXPECT_EQ(app.InitInstance(), 0);
     EXPECT_TRUE(driver.Finished());
     EXPECT_EQ(user.seen, (std::vector<std::string>{"box: Invalid max number of active sends, configure in next panel...",
                                                    "dialog: Context Configuration",
-                                                   "dialog: Audio Device Selection"}));
+                                                   "dialog: Audio Device Selection", "main dialog"}));
     EXPECT_EQ(app.GetMaxSends(), 4);
     ASSERT_NE(app.GetBridge()->GetFactory(), nullptr);
     EXPECT_EQ(app.GetBridge()->GetMaxSends(), 4u);
@@ -81,20 +91,20 @@ TEST(Startup, BadSendsAreReportedThenConfiguredThenTheEngineStarts)
 TEST(Startup, ValidSendsSkipTheConfigurationButNotTheDeviceDialog)
 {
     Transcript user;
-    ModalDriver driver({user.UseDevice(nullptr)});
+    ModalDriver driver({user.UseDevice(nullptr), user.CloseMainDialog()});
     CSonopticApp app("-maxsends 3");
     EXPECT_EQ(app.InitInstance(), 0);
-    EXPECT_EQ(user.seen, (std::vector<std::string>{"dialog: Audio Device Selection"}));
+    EXPECT_EQ(user.seen, (std::vector<std::string>{"dialog: Audio Device Selection", "main dialog"}));
     EXPECT_EQ(app.GetBridge()->GetMaxSends(), 3u);
 }
 
 TEST(Startup, ForeignOptionIsReportedAndTheConfigurationStartsFromTwo)
 {
     Transcript user;
-    ModalDriver driver({user.ReadMessageBox(), user.ChooseSends(0), user.UseDevice(nullptr)});
+    ModalDriver driver({user.ReadMessageBox(), user.ChooseSends(0), user.UseDevice(nullptr), user.CloseMainDialog()});
     CSonopticApp app("/maxsends=4");
     app.InitInstance();
-    ASSERT_EQ(user.seen.size(), 3u);
+    ASSERT_EQ(user.seen.size(), 4u);
     EXPECT_EQ(user.seen[0], "box: Invalid command line parameter");
     EXPECT_EQ(app.GetBridge()->GetMaxSends(), 2u);
 }

@@ -1,0 +1,259 @@
+#include "shell/CSonopticDlg.h"
+
+#include "controls/AfxMessageBox.h"
+#include "controls/BitmapResource.h"
+#include "controls/ControlId.h"
+#include "engine/EFX_Factory.h"
+#include "shell/CAboutDlg.h"
+#include "shell/CConsoleList.h"
+#include "values/UI_EFX_Bridge.h"
+
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <string>
+
+using main_dialog::MainCommand;
+
+namespace {
+
+// A slot panel that is not shown is parked out of sight, alive and visible.
+constexpr QPoint kParkingPlace{-1000, -1000};
+
+// The failure value of the bridge's CreateSlot: all bits set.
+constexpr std::uint32_t kSlotCreationFailed = ~std::uint32_t{0};
+
+} // namespace
+
+CSonopticDlg::CSonopticDlg(UI_EFX_Bridge* bridge, QWidget* parent)
+    : CDialog(parent)
+    , m_bridge(bridge)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    m_client = new QWidget(this);
+    m_client->setFixedSize(main_dialog::kClientSize);
+    layout->addWidget(m_client);
+    BuildControls(m_client, main_dialog::kControls);
+    BuildMenuBar(m_client);
+
+    // The list box of the template becomes the console.
+    QWidget* placeholder = FindControl(m_client, res::IDC_CONSOLE);
+    m_console = new CConsoleList(m_client);
+    m_console->setGeometry(placeholder->geometry());
+    SetControlId(m_console, res::IDC_CONSOLE);
+    delete placeholder;
+
+    FindControl(m_client, res::IDC_SLOT_PANEL_MARKER)->hide();
+    FindControl(m_client, res::IDOK)->hide();
+    connect(FindControlAs<QPushButton>(m_client, res::IDC_CREATE_SLOT), &QPushButton::clicked, this,
+            &CSonopticDlg::OnCreateSlot);
+    for (int slot = 0; slot < 4; ++slot) {
+        m_slotButton[slot] = FindControlAs<QPushButton>(m_client, res::IDC_SLOT_BUTTON_0 + slot);
+        connect(m_slotButton[slot], &QPushButton::clicked, this, [this, slot] { ShowSlot(slot); });
+    }
+    setWindowIcon(LoadBitmapResource(res::IDR_MAINFRAME));
+}
+
+CSonopticDlg::~CSonopticDlg()
+{
+    for (QWidget*& panel : m_slotPanel) {
+        delete panel;
+        panel = nullptr;
+    }
+    delete m_contextWindow;
+    m_contextWindow = nullptr;
+    if (m_bridge) {
+        m_bridge->SetLogList(nullptr);
+        m_bridge->SetMainDialog(nullptr);
+    }
+}
+
+void CSonopticDlg::BuildMenuBar(QWidget* client)
+{
+    auto* bar = new QMenuBar(this);
+    layout()->setMenuBar(bar);
+    QMenu* menus[std::size(main_dialog::kMenuTitles)] = {};
+    for (std::size_t i = 0; i < std::size(main_dialog::kMenuTitles); ++i)
+        menus[i] = bar->addMenu(QString::fromUtf8(main_dialog::kMenuTitles[i]));
+    for (std::size_t i = 0; i < std::size(main_dialog::kMenu); ++i) {
+        const main_dialog::MenuEntry& entry = main_dialog::kMenu[i];
+        QAction* action = menus[entry.menu]->addAction(QString::fromUtf8(entry.caption));
+        action->setData(entry.id);
+        action->setCheckable(entry.checkable);
+        const MainCommand command = entry.command;
+        connect(action, &QAction::triggered, this, [this, command] { RunCommand(command); });
+        m_actions[i] = action;
+    }
+    Q_UNUSED(client);
+}
+
+QAction* CSonopticDlg::MenuAction(int id) const
+{
+    for (QAction* action : m_actions) {
+        if (action->data().toInt() == id)
+            return action;
+    }
+    return nullptr;
+}
+
+void CSonopticDlg::RunCommand(MainCommand command)
+{
+    switch (command) {
+    case MainCommand::ShowSlot0:
+    case MainCommand::ShowSlot1:
+    case MainCommand::ShowSlot2:
+    case MainCommand::ShowSlot3:
+        ShowSlot(static_cast<int>(command) - static_cast<int>(MainCommand::ShowSlot0));
+        break;
+    case MainCommand::ShowBrowser:
+        ShowBrowser();
+        break;
+    case MainCommand::ShowContextWindow:
+        ShowContextWindow();
+        break;
+    case MainCommand::ToggleAutoPlay:
+        m_bridge->ToggleAutoPlay();
+        break;
+    case MainCommand::AddSource:
+        AddSource();
+        break;
+    case MainCommand::ShowPositionWindow:
+        ShowPositionWindow();
+        break;
+    case MainCommand::SuspendContext:
+        m_bridge->SuspendContext();
+        break;
+    case MainCommand::ProcessContext:
+        m_bridge->ProcessContext();
+        break;
+    case MainCommand::About:
+        OnSysCommand(res::IDM_ABOUTBOX);
+        break;
+    }
+}
+
+int CSonopticDlg::NumEffectSlots() const
+{
+    EFX_Factory* factory = m_bridge->GetFactory();
+    return factory ? static_cast<int>(factory->GetNumEffectSlots()) : 0;
+}
+
+void CSonopticDlg::OnInitDialog()
+{
+    // The About entry stands in the dialog's own menu; there is no system menu to append it to.
+    for (int slot = 0; slot < 4; ++slot) {
+        m_slotBitmap[slot] = LoadBitmapResource(res::IDB_SLOT_0 + slot);
+        m_slotBitmapSelected[slot] = LoadBitmapResource(res::IDB_SLOT_0_SELECTED + slot);
+        m_slotButton[slot]->setIconSize(main_dialog::kSlotBitmapSize);
+        SetSlotImage(slot, false);
+        m_slotButton[slot]->setEnabled(false);
+    }
+    m_bridge->SetLogList(m_console);
+
+    m_bridge->SetCallbacksEnabled(0);
+    for (int slot = 0; slot < NumEffectSlots(); ++slot) {
+        m_slotPanel[slot] = nullptr;
+        m_bridge->SetSlotPanel(slot, nullptr);
+        m_slotButton[slot]->setEnabled(false);
+    }
+    ShowSlot(0);
+    m_bridge->SetCallbacksEnabled(1);
+
+    const std::string title = std::string("Sonoptic (OpenAL 1.1 / EFX 1.0)") + " with " +
+                              std::to_string(m_bridge->GetMaxSends()) + " sends per source" + ", on " +
+                              m_bridge->GetDeviceName();
+    setWindowTitle(QString::fromLocal8Bit(title.c_str()));
+    SetAutoPlayCheck(m_bridge->GetAutoPlay());
+    m_bridge->SetMainDialog(this);
+}
+
+void CSonopticDlg::SetSlotImage(int slot, bool selected)
+{
+    m_slotButton[slot]->setText(QString());
+    m_slotButton[slot]->setIcon(selected ? m_slotBitmapSelected[slot] : m_slotBitmap[slot]);
+    m_slotButton[slot]->setProperty("selectedImage", selected);
+}
+
+void CSonopticDlg::ShowSlot(int index)
+{
+    if (index < 0 || index > 3)
+        return;
+    for (int slot = 0; slot < NumEffectSlots(); ++slot) {
+        SetSlotImage(slot, false);
+        if (m_slotPanel[slot]) {
+            m_slotPanel[slot]->move(kParkingPlace);
+            m_slotPanel[slot]->show();
+        }
+    }
+    SetSlotImage(index, true);
+    if (QWidget* panel = m_slotPanel[index]) {
+        panel->move(FindControl(m_client, res::IDC_SLOT_PANEL_MARKER)->geometry().topLeft());
+        panel->show();
+        m_bridge->RefreshSlotPanel(index);
+    }
+}
+
+void CSonopticDlg::OnCreateSlot()
+{
+    const std::uint32_t slot = m_bridge->CreateSlot();
+    if (slot == kSlotCreationFailed) {
+        AfxMessageBox(QStringLiteral("Slot creation failed, see console"));
+        return;
+    }
+    // A failure that reports slot 0 opens slot 0 again. Slot panels are made here once they exist,
+    // with callbacks off so that their first values never reach the engine.
+    m_bridge->SetCallbacksEnabled(0);
+    m_slotButton[slot]->setEnabled(true);
+    m_bridge->SetCallbacksEnabled(1);
+    ShowSlot(static_cast<int>(slot));
+}
+
+void CSonopticDlg::ShowContextWindow()
+{
+    if (m_contextWindow)
+        m_contextWindow->show();
+}
+
+void CSonopticDlg::AddSource()
+{
+    ShowContextWindow();
+}
+
+// The position window and the effect file browser are made here on first demand once they exist;
+// until then these commands show nothing.
+void CSonopticDlg::ShowPositionWindow() {}
+
+void CSonopticDlg::ShowBrowser() {}
+
+void CSonopticDlg::RedrawPositionWindow() {}
+
+void CSonopticDlg::SetAutoPlayCheck(int flag)
+{
+    if (QAction* action = MenuAction(res::ID_AUTOPLAY))
+        action->setChecked(flag != 0);
+}
+
+void CSonopticDlg::OnSysCommand(int id)
+{
+    if ((id & ~0xF) == res::IDM_ABOUTBOX) {
+        CAboutDlg about(this);
+        about.DoModal();
+    }
+}
+
+void CSonopticDlg::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+        event->accept();
+        return;
+    default:
+        CDialog::keyPressEvent(event);
+    }
+}

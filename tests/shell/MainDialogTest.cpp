@@ -1,0 +1,261 @@
+#include "controls/ControlId.h"
+#include "engine/ProcAddress.h"
+#include "resources/ResourceIds.h"
+#include "shell/CConsoleList.h"
+#include "shell/CSonopticApp.h"
+#include "shell/CSonopticDlg.h"
+#include "tests/shell/ModalDriver.h"
+#include "tests/shell/XKeyboard.h"
+#include "values/UI_EFX_Bridge.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <AL/al.h>
+
+#include <cstring>
+#include <functional>
+#include <string>
+
+namespace {
+
+void ClickOk(QWidget* modal)
+{
+    QTest::mouseClick(FindControl(modal, res::IDOK), Qt::LeftButton);
+}
+
+// Runs the program from its command line to the main dialog, hands the dialog to check, then closes it
+// through its close box. Further modal windows that check opens are answered by answers.
+void RunMainDialog(const char* commandLine, std::function<void(CSonopticDlg&)> check,
+                   std::deque<ModalDriver::Step> answers = {})
+{
+    std::deque<ModalDriver::Step> steps{ClickOk, [check](QWidget* modal) {
+                                            auto* dialog = dynamic_cast<CSonopticDlg*>(modal);
+                                            ASSERT_NE(dialog, nullptr);
+                                            check(*dialog);
+                                            dialog->close();
+                                        }};
+    for (ModalDriver::Step& answer : answers)
+        steps.push_back(std::move(answer));
+    ModalDriver driver(std::move(steps));
+    CSonopticApp app(commandLine);
+    EXPECT_EQ(app.InitInstance(), 0);
+    EXPECT_TRUE(driver.Finished());
+}
+
+QPushButton* SlotButton(CSonopticDlg& dialog, int slot)
+{
+    return FindControlAs<QPushButton>(&dialog, res::IDC_SLOT_BUTTON_0 + slot);
+}
+
+bool ShowsSelected(CSonopticDlg& dialog, int slot)
+{
+    return SlotButton(dialog, slot)->property("selectedImage").toBool();
+}
+
+std::string LastConsoleLine(CSonopticDlg& dialog)
+{
+    CConsoleList* console = dialog.Console();
+    return console->count() ? console->item(console->count() - 1)->text().toStdString() : std::string();
+}
+
+// Reads the text of the next message box and presses its OK button.
+ModalDriver::Step ReadBox(std::string& text)
+{
+    return [&text](QWidget* modal) {
+        auto* box = qobject_cast<QMessageBox*>(modal);
+        ASSERT_NE(box, nullptr);
+        text = box->text().toStdString();
+        box->button(QMessageBox::Ok)->click();
+    };
+}
+
+} // namespace
+
+TEST(MainDialog, TitleNamesTheGrantedSendsAndTheDevice)
+{
+    RunMainDialog("-maxsends=3", [](CSonopticDlg& dialog) {
+        EXPECT_EQ(dialog.windowTitle().toStdString(), "Sonoptic (OpenAL 1.1 / EFX 1.0) with 3 sends per source, on ");
+        EXPECT_TRUE(dialog.MenuAction(res::ID_AUTOPLAY)->isChecked());
+        for (int slot = 0; slot < 4; ++slot)
+            EXPECT_FALSE(SlotButton(dialog, slot)->isEnabled());
+        EXPECT_TRUE(ShowsSelected(dialog, 0));
+    });
+}
+
+TEST(MainDialog, EachCreateSlotMakesTheNextSlotAndTheFifthFails)
+{
+    std::string box;
+    int presses = 0;
+    RunMainDialog(
+        "-maxsends=2",
+        [&](CSonopticDlg& dialog) {
+            auto* create = FindControlAs<QPushButton>(&dialog, res::IDC_CREATE_SLOT);
+            for (int slot = 0; slot < 4; ++slot) {
+                QTest::mouseClick(create, Qt::LeftButton);
+                EXPECT_TRUE(SlotButton(dialog, slot)->isEnabled());
+                EXPECT_TRUE(ShowsSelected(dialog, slot));
+                EXPECT_NE(LastConsoleLine(dialog).find("successful"), std::string::npos) << LastConsoleLine(dialog);
+            }
+            // The fifth press shows a box; the driver answers it while the click waits.
+            QTimer::singleShot(0, [create, &presses] {
+                ++presses;
+                QTest::mouseClick(create, Qt::LeftButton);
+            });
+            QTest::qWait(50);
+        },
+        {ReadBox(box)});
+    EXPECT_EQ(presses, 1);
+    EXPECT_EQ(box, "Slot creation failed, see console");
+}
+
+TEST(MainDialog, FifthSlotReasonIsInTheConsole)
+{
+    std::string box;
+    std::string reason;
+    RunMainDialog(
+        "-maxsends=2",
+        [&](CSonopticDlg& dialog) {
+            for (int i = 0; i < 4; ++i)
+                dialog.OnCreateSlot();
+            QTimer::singleShot(0, [&dialog, &reason] {
+                dialog.OnCreateSlot();
+                reason = LastConsoleLine(dialog);
+            });
+            QTest::qWait(50);
+        },
+        {ReadBox(box)});
+    EXPECT_EQ(reason, "Maximum number of slots already reached");
+}
+
+TEST(MainDialog, ReturnAndTheHiddenOkLeaveTheDialogOpen)
+{
+    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
+        QTest::keyClick(&dialog, Qt::Key_Return);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        auto* ok = FindControlAs<QPushButton>(&dialog, res::IDOK);
+        EXPECT_FALSE(ok->isVisible());
+        ok->click();
+        EXPECT_TRUE(dialog.isVisible());
+    });
+}
+
+TEST(MainDialog, AboutEntryOpensTheVersionBox)
+{
+    std::string version;
+    RunMainDialog(
+        "-maxsends=2",
+        [](CSonopticDlg& dialog) {
+            QTimer::singleShot(0, [&dialog] { dialog.MenuAction(res::IDM_ABOUTBOX)->trigger(); });
+            QTest::qWait(50);
+        },
+        {[&version](QWidget* about) {
+            for (QLabel* label : about->findChildren<QLabel*>()) {
+                if (label->text().startsWith("Sonoptic"))
+                    version = label->text().toStdString();
+            }
+            ClickOk(about);
+        }});
+    EXPECT_EQ(version, "Sonoptic Version 1.0");
+}
+
+TEST(MainDialog, AutoPlayCheckFollowsTheBridge)
+{
+    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
+        QAction* autoPlay = dialog.MenuAction(res::ID_AUTOPLAY);
+        UI_EFX_Bridge::GetInstance()->ToggleAutoPlay();
+        EXPECT_FALSE(autoPlay->isChecked());
+        autoPlay->trigger();
+        EXPECT_TRUE(autoPlay->isChecked());
+        EXPECT_EQ(UI_EFX_Bridge::GetInstance()->GetAutoPlay(), 1);
+    });
+}
+
+TEST(MainDialog, ConsoleKeepsItsLastFiveLinesInView)
+{
+    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
+        for (int i = 0; i < 30; ++i)
+            UI_EFX_Bridge::GetInstance()->LogMessage(("line " + std::to_string(i)).c_str());
+        CConsoleList* console = dialog.Console();
+        // The user scrolls back to the start; the next message brings the end into view again.
+        console->scrollToTop();
+        UI_EFX_Bridge::GetInstance()->LogMessage("line 30");
+        const QRect view = console->viewport()->rect();
+        for (int row = console->count() - 5; row < console->count(); ++row)
+            EXPECT_TRUE(view.contains(console->visualItemRect(console->item(row)))) << row;
+        EXPECT_FALSE(view.intersects(console->visualItemRect(console->item(0))));
+        EXPECT_EQ(LastConsoleLine(dialog), "line 30");
+    });
+}
+
+TEST(MainDialog, CtrlDigitsShowSlotsAndShiftCtrlDoesNot)
+{
+    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
+        XKeyboard keyboard;
+        ASSERT_TRUE(keyboard.Available());
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        dialog.OnCreateSlot();
+        ASSERT_TRUE(ShowsSelected(dialog, 0));
+
+        // Slot 2 does not exist yet: its image is selected and no panel shows.
+        keyboard.Chord({"Control_L"}, "2");
+        EXPECT_TRUE(ShowsSelected(dialog, 2));
+        EXPECT_FALSE(ShowsSelected(dialog, 0));
+
+        // Shift wins over Ctrl, and digits are no Shift shortcut.
+        keyboard.Chord({"Shift_L", "Control_L"}, "0");
+        EXPECT_TRUE(ShowsSelected(dialog, 2));
+        EXPECT_FALSE(ShowsSelected(dialog, 0));
+
+        keyboard.Chord({"Control_L"}, "0");
+        EXPECT_TRUE(ShowsSelected(dialog, 0));
+    });
+}
+
+// Run with sends=2 (see CMakeLists.txt): the title shows what the device granted, not the request.
+TEST(ConfTwoSendsDevice, TitleShowsTheGrantedSendsNotTheRequest)
+{
+    RunMainDialog("-maxsends=4", [](CSonopticDlg& dialog) {
+        EXPECT_TRUE(dialog.windowTitle().contains(" with 2 sends per source, on "));
+    });
+}
+
+// OpenAL Soft always gives slots, so a device without any is made by having the slot test refuse every
+// slot the factory generates.
+static ALboolean AL_APIENTRY RefuseEverySlot(ALuint)
+{
+    return AL_FALSE;
+}
+
+static void* ResolveWithoutSlots(const char* name)
+{
+    if (std::strcmp(name, "alIsAuxiliaryEffectSlot") == 0)
+        return reinterpret_cast<void*>(&RefuseEverySlot);
+    return alGetProcAddress(name);
+}
+
+TEST(MainDialog, WithoutSlotsTheButtonsStayDisabledAndShowSlotOnlyMovesTheImage)
+{
+    efx_proc::SetResolver(&ResolveWithoutSlots);
+    std::string box;
+    RunMainDialog(
+        "-maxsends=2",
+        [](CSonopticDlg& dialog) {
+            dialog.ShowSlot(3);
+            EXPECT_TRUE(ShowsSelected(dialog, 3));
+            EXPECT_TRUE(ShowsSelected(dialog, 0)); // nothing unselects what no slot owns
+            for (int slot = 0; slot < 4; ++slot)
+                EXPECT_FALSE(SlotButton(dialog, slot)->isEnabled());
+            QTimer::singleShot(0, [&dialog] { dialog.OnCreateSlot(); });
+            QTest::qWait(50);
+        },
+        {ReadBox(box)});
+    efx_proc::SetResolver(nullptr);
+    EXPECT_EQ(box, "Slot creation failed, see console");
+}
