@@ -11,8 +11,9 @@ packages=(
   libgtest-dev
   xvfb xauth libxtst-dev
   sox alsa-utils
-  clang libclang-rt-14-dev
 )
+# Extra packages for a purpose of its own, named on the command line (the fuzzer asks for clang).
+packages+=("$@")
 
 missing=()
 for p in "${packages[@]}"; do
