@@ -66,6 +66,7 @@ private:
     int ResolveEntryPoints();
     // A source whose initialisation failed is not handed out, yet it keeps its AL source and buffer.
     // The factory holds on to the object so that its memory goes when the factory goes.
+    EFX_3DSource* WrapSource(ALuint source, ALuint buffer, int attached, bool& handlesKept);
     void KeepFailedSource(EFX_3DSource* source);
 
     void GenerateSlots();

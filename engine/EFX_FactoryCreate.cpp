@@ -91,18 +91,13 @@ EFX_3DSource* EFX_Factory::CreateEmptySource()
         alDeleteSources(1, &source);
         return nullptr;
     }
-    auto* object = new (std::nothrow) EFX_3DSource(source, buffer, 0);
-    if (object) {
-        if (object->Initialize()) {
-            SetLog("Source creation and EFX intialization successful");
-            return object;
-        }
-        SetLog(LogMessage("Cannot create source: %s", object->GetLog()).Text());
-        KeepFailedSource(object);
-        return nullptr;
+    bool handlesKept = false;
+    if (EFX_3DSource* object = WrapSource(source, buffer, 0, handlesKept))
+        return object;
+    if (!handlesKept) {
+        alDeleteBuffers(1, &buffer);
+        alDeleteSources(1, &source);
     }
-    alDeleteBuffers(1, &buffer);
-    alDeleteSources(1, &source);
     return nullptr;
 }
 
@@ -139,20 +134,33 @@ EFX_3DSource* EFX_Factory::CreateSource(const char* path)
         waves.DeleteWaveFile(id);
         uploaded = CheckALError();
     }
+    bool handlesKept = false;
     if (uploaded) {
-        auto* object = new (std::nothrow) EFX_3DSource(source, buffer, 1);
-        if (object) {
-            if (object->Initialize()) {
-                SetLog("Source creation and EFX intialization successful");
-                return object;
-            }
-            // The object is left as it is, with its source and buffer.
-            SetLog(LogMessage("Cannot create source: %s", object->GetLog()).Text());
-            KeepFailedSource(object);
-            return nullptr;
-        }
+        if (EFX_3DSource* object = WrapSource(source, buffer, 1, handlesKept))
+            return object;
     }
-    alDeleteBuffers(1, &buffer);
-    alDeleteSources(1, &source);
+    if (!handlesKept) {
+        alDeleteBuffers(1, &buffer);
+        alDeleteSources(1, &source);
+    }
+    return nullptr;
+}
+
+// Wraps a generated source and buffer in an engine object. Null when the object could not be made,
+// and the caller deletes the AL names; or null when its set-up failed, and the object is left as it
+// is, keeping its source and buffer (handlesKept).
+EFX_3DSource* EFX_Factory::WrapSource(ALuint source, ALuint buffer, int attached, bool& handlesKept)
+{
+    handlesKept = false;
+    auto* object = new (std::nothrow) EFX_3DSource(source, buffer, attached);
+    if (!object)
+        return nullptr;
+    handlesKept = true;
+    if (object->Initialize()) {
+        SetLog("Source creation and EFX intialization successful");
+        return object;
+    }
+    SetLog(LogMessage("Cannot create source: %s", object->GetLog()).Text());
+    KeepFailedSource(object);
     return nullptr;
 }
