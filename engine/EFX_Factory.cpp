@@ -23,6 +23,11 @@ EFX_Factory* EFX_Factory::Create()
 
 EFX_Factory::~EFX_Factory()
 {
+    ReleaseRemainingObjects();
+}
+
+void EFX_Factory::ReleaseRemainingObjects()
+{
     if (s_context) {
         AppendLog("Warning: Destroying factory while listener is still alive.");
         EFX_Context* context = s_context;

@@ -60,6 +60,10 @@ public:
 protected:
     EFX_Factory() = default;
 
+    // What the destructor does: releases the context object and the slot objects still alive, with a
+    // warning in the log for each.
+    void ReleaseRemainingObjects();
+
 private:
     friend class EFX_Context;
 

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include <string>
 #include <vector>
 
@@ -310,7 +312,8 @@ TEST_P(CatalogueTest, SettersGettersAndDefaultsReachTheirOwnTokens)
 
     m_slot->ClearLog();
     m_spy.attaches = 0;
-    EXPECT_EQ((m_slot->*group.defaults)(), 1);
+    const int defaultsResult = std::invoke(group.defaults, *m_slot);
+    EXPECT_EQ(defaultsResult, 1);
     EXPECT_EQ(m_spy.attaches, static_cast<int>(group.properties.size()));
     ExecLog expected;
     for (const Property& p : group.properties)
