@@ -38,7 +38,7 @@ CSonopticDlg::CSonopticDlg(UI_EFX_Bridge* bridge, QWidget* parent)
     m_client->setFixedSize(main_dialog::kClientSize);
     layout->addWidget(m_client);
     BuildControls(m_client, main_dialog::kControls);
-    BuildMenuBar(m_client);
+    BuildMenuBar();
 
     // The list box of the template becomes the console.
     QWidget* placeholder = FindControl(m_client, res::IDC_CONSOLE);
@@ -72,7 +72,7 @@ CSonopticDlg::~CSonopticDlg()
     }
 }
 
-void CSonopticDlg::BuildMenuBar(QWidget* client)
+void CSonopticDlg::BuildMenuBar()
 {
     auto* bar = new QMenuBar(this);
     layout()->setMenuBar(bar);
@@ -88,7 +88,6 @@ void CSonopticDlg::BuildMenuBar(QWidget* client)
         connect(action, &QAction::triggered, this, [this, command] { RunCommand(command); });
         m_actions[i] = action;
     }
-    Q_UNUSED(client);
 }
 
 QAction* CSonopticDlg::MenuAction(int id) const

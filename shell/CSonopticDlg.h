@@ -42,7 +42,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void BuildMenuBar(QWidget* client);
+    void BuildMenuBar();
     void RunCommand(main_dialog::MainCommand command);
     void SetSlotImage(int slot, bool selected);
     int NumEffectSlots() const;

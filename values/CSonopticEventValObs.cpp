@@ -10,26 +10,31 @@ constexpr std::uint16_t kKindRadio = 1;
 constexpr std::uint16_t kKindCheck = 2;
 constexpr std::uint16_t kKindCombo = 3;
 
-void Tell(std::uint16_t kind, std::uint16_t category, std::uint16_t index, std::uint16_t param, int state)
-{
-    if (UI_EFX_Bridge* bridge = UI_EFX_Bridge::GetInstance())
-        bridge->OnValueChanged(nullptr, kind, category, index, param, static_cast<std::uint16_t>(state));
-}
-
 } // namespace
 
-void CSonopticBoolValObs::Bind(CheckBoxControl* control, std::uint16_t category, std::uint16_t index,
-                               std::uint16_t param)
+void CSonopticEventValObs::SetIdentifier(std::uint16_t category, std::uint16_t index, std::uint16_t param)
 {
-    Control = control;
     Category = category;
     Index = index;
     Param = param;
 }
 
+void CSonopticEventValObs::Tell(std::uint16_t kind, int state) const
+{
+    if (UI_EFX_Bridge* bridge = UI_EFX_Bridge::GetInstance())
+        bridge->OnValueChanged(nullptr, kind, Category, Index, Param, static_cast<std::uint16_t>(state));
+}
+
+void CSonopticBoolValObs::Bind(CheckBoxControl* control, std::uint16_t category, std::uint16_t index,
+                               std::uint16_t param)
+{
+    Control = control;
+    SetIdentifier(category, index, param);
+}
+
 void CSonopticBoolValObs::OnUserToggled(int state)
 {
-    Tell(kKindCheck, Category, Index, Param, state);
+    Tell(kKindCheck, state);
 }
 
 void CSonopticBoolValObs::SetCheck(int state)
@@ -42,14 +47,12 @@ void CSonopticCBoxDiscreteValObs::Bind(ComboBoxControl* control, std::uint16_t c
                                        std::uint16_t param)
 {
     Control = control;
-    Category = category;
-    Index = index;
-    Param = param;
+    SetIdentifier(category, index, param);
 }
 
 void CSonopticCBoxDiscreteValObs::OnUserSelected(int selection)
 {
-    Tell(kKindCombo, Category, Index, Param, selection);
+    Tell(kKindCombo, selection);
 }
 
 void CSonopticCBoxDiscreteValObs::SetSelection(int selection)
@@ -63,15 +66,13 @@ void CSonopticExcluValObs::Bind(std::int32_t count, CheckBoxControl** buttons, s
 {
     Count = count;
     Buttons = buttons;
-    Category = category;
-    Index = index;
-    Param = param;
+    SetIdentifier(category, index, param);
 }
 
 void CSonopticExcluValObs::OnUserSelected(std::int32_t value)
 {
     Selected = value;
-    Tell(kKindRadio, Category, Index, Param, value);
+    Tell(kKindRadio, value);
 }
 
 void CSonopticExcluValObs::SetSelected(std::int32_t value)
