@@ -15,8 +15,22 @@ constexpr const char* IDS_ABOUTBOX = "&About Sonoptic..."; // string 101
 
 // Icons and bitmaps.
 constexpr int IDR_MAINFRAME = 128;
+constexpr int IDB_FADER_THUMB = 129;      // 17 x 10, 4 bits
+constexpr int IDB_ARROW_DOWN = 130;       // 9 x 8, 4 bits: down arrow released
+constexpr int IDB_ARROW_UP_PRESSED = 131; // up arrow pressed
+constexpr int IDB_ARROW_UP = 132;         // up arrow released
+constexpr int IDB_READOUT_BACK = 133;     // 47 x 41, 8 bits
+constexpr int IDB_FADER_TRACK = 134;      // 144 x 10, 4 bits
+constexpr int IDB_ARROW_DOWN_PRESSED = 135;
+constexpr int IDB_KNOB_GREY = 136;        // 136 to 139: knob strips of 31 frames, 745 x 25, 8 bits
+constexpr int IDB_KNOB_BLUE = 137;
+constexpr int IDB_KNOB_GREEN = 138;
+constexpr int IDB_KNOB_RED_BROWN = 139;
 constexpr int IDB_SLOT_0 = 156;           // 156 to 159: slot buttons not selected
 constexpr int IDB_SLOT_0_SELECTED = 160;  // 160 to 163: selected
+constexpr int IDB_LEGEND_GREEN = 194;     // 194 to 196: slices of the knobs for the source panel's legend
+constexpr int IDB_LEGEND_RED_BROWN = 195;
+constexpr int IDB_LEGEND_GREY = 196;
 
 // System command of the About entry.
 constexpr int IDM_ABOUTBOX = 16;
@@ -49,5 +63,10 @@ constexpr int ID_ADD_SOURCE = 32787;
 constexpr int ID_SHOW_POSITION_WINDOW = 32793;
 constexpr int ID_SUSPEND_CONTEXT = 32805;
 constexpr int ID_PROCESS_CONTEXT = 32806;
+
+// Inside a decimal display: the in-place edit and the two arrows.
+constexpr int IDC_DISPLAY_EDIT = 1000;
+constexpr int IDC_DISPLAY_UP = 1001;
+constexpr int IDC_DISPLAY_DOWN = 1002;
 
 } // namespace res

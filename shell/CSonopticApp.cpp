@@ -1,6 +1,7 @@
 #include "shell/CSonopticApp.h"
 
 #include "controls/AfxMessageBox.h"
+#include "controls/ControlResources.h"
 #include "shell/CInitializationPanel.h"
 #include "shell/CRouterPanel.h"
 #include "shell/CSonopticDlg.h"
@@ -77,8 +78,7 @@ int CSonopticApp::InitInstance()
     qApp->installEventFilter(m_keyboardFilter.get());
     UI_EFX_Bridge::SetMessageBoxHandler(&ShowBridgeMessage);
 
-    // The controls' shared drawing resources (pens, brushes, fonts, the arrow and knob bitmaps and
-    // the shared style records) are made here, before any dialog, once the controls exist.
+    InitControlResources();
 
     const CommandLineChoice choice = ParseCommandLine(m_commandLine);
     m_maxSends = choice.maxSends;

@@ -53,6 +53,8 @@ CSonopticDlg::CSonopticDlg(UI_EFX_Bridge* bridge, QWidget* parent)
             &CSonopticDlg::OnCreateSlot);
     for (int slot = 0; slot < 4; ++slot) {
         m_slotButton[slot] = FindControlAs<QPushButton>(m_client, res::IDC_SLOT_BUTTON_0 + slot);
+        // The buttons show a bitmap and no text: a screen reader needs their name.
+        m_slotButton[slot]->setAccessibleName(QStringLiteral("Slot %1").arg(slot));
         connect(m_slotButton[slot], &QPushButton::clicked, this, [this, slot] { ShowSlot(slot); });
     }
     setWindowIcon(LoadBitmapResource(res::IDR_MAINFRAME));
