@@ -9,6 +9,8 @@ constexpr int IDD_ABOUTBOX = 100;
 constexpr int IDD_INITIALIZATION = 180;
 constexpr int IDD_ROUTER = 186;
 constexpr int IDD_MAIN = 192;
+constexpr int IDD_REVERB_PANNER = 173;
+constexpr int IDD_REVERB_RESPONSE = 175;
 
 // Strings.
 constexpr const char* IDS_ABOUTBOX = "&About Sonoptic..."; // string 101
@@ -63,6 +65,21 @@ constexpr int ID_ADD_SOURCE = 32787;
 constexpr int ID_SHOW_POSITION_WINDOW = 32793;
 constexpr int ID_SUSPEND_CONTEXT = 32805;
 constexpr int ID_PROCESS_CONTEXT = 32806;
+
+// Reverb panner: the round view and the button that opens the response window.
+constexpr int IDC_PANNER_VIEW = 1160;
+constexpr int IDC_SHOW_RESPONSE_WINDOW = 1163;
+
+// Reverb response window: the graph and its eight check boxes.
+constexpr int IDC_RESPONSE_VIEW = 1164;
+constexpr int IDC_REAR_RENDER = 1165;
+constexpr int IDC_REAR_WIRE = 1166;
+constexpr int IDC_EARLY_RENDER = 1167;
+constexpr int IDC_EARLY_WIRE = 1168;
+constexpr int IDC_LATE_RENDER = 1169;
+constexpr int IDC_LATE_WIRE = 1170;
+constexpr int IDC_HF_PLANE = 1184;
+constexpr int IDC_LF_PLANE = 1185;
 
 // Inside a decimal display: the in-place edit and the two arrows.
 constexpr int IDC_DISPLAY_EDIT = 1000;
