@@ -17,15 +17,15 @@
 
 namespace {
 
-constexpr QSize kSize(340, 190);
+constexpr QSize kSize(420, 230);
 
 const ControlTemplate kTemplate[] = {
-    {0, ControlKind::GroupBox, "Reverb Graphics", QRect(4, 2, 332, 184)},
-    {0, ControlKind::Static, "Reverb Panner:", QRect(14, 20, 150, 16)},
-    {res::IDC_PANNER_VIEW, ControlKind::EtchedFrame, "", QRect(14, 38, 140, 140)},
-    {0, ControlKind::Static, "(left mouse button to change orientation,", QRect(166, 44, 166, 32)},
-    {0, ControlKind::Static, "right mouse button for envelopment)", QRect(166, 78, 166, 32)},
-    {res::IDC_SHOW_RESPONSE_WINDOW, ControlKind::Button, "Show Reverb Response Window", QRect(166, 146, 164, 26)},
+    {0, ControlKind::GroupBox, "Reverb Graphics", QRect(4, 2, 412, 224)},
+    {0, ControlKind::Static, "Reverb Panner:", QRect(14, 20, 180, 16)},
+    {res::IDC_PANNER_VIEW, ControlKind::EtchedFrame, "", QRect(14, 38, 180, 180)},
+    {0, ControlKind::Static, "(left mouse button to change orientation,", QRect(206, 44, 206, 32)},
+    {0, ControlKind::Static, "right mouse button for envelopment)", QRect(206, 78, 206, 32)},
+    {res::IDC_SHOW_RESPONSE_WINDOW, ControlKind::Button, "Show Reverb Response Window", QRect(206, 190, 206, 26)},
 };
 
 // The width of the band of each ring: radii 3 to 11 beyond it.

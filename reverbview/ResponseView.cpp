@@ -2,10 +2,15 @@
 
 #include "reverbview/ResponseRender.h"
 
+#include <GL/gl.h>
+
 ResponseView::ResponseView(const ReverbResponseParams* params, QWidget* parent)
     : QOpenGLWidget(parent), m_params(params)
 {
     setFormat(Format());
+    // The clear colour has an alpha of 0.5 and smooth lines write coverage into alpha: a frame kept
+    // without alpha stays opaque on screen, black where nothing is drawn.
+    setTextureFormat(GL_RGB8);
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
