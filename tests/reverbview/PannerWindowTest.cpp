@@ -170,6 +170,13 @@ TEST_F(PannerWindowTest, ClosingThePannerTakesTheResponseWindowAndBothBridgeEntr
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(window->parentWidget(), &parent);
     EXPECT_EQ(window->windowTitle(), "Reverberation Response Graph for slot 0");
+    // Its close box hides it; the button brings the same window back.
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(bridge->GetResponseWindow(), window);
+    FindControlAs<QPushButton>(panner, res::IDC_SHOW_RESPONSE_WINDOW)->click();
+    EXPECT_EQ(bridge->GetResponseWindow(), window);
+    EXPECT_TRUE(window->isVisible());
 
     QPointer<C3DReverbResponseDlg> watch(window);
     delete panner;
