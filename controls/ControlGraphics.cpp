@@ -143,6 +143,15 @@ QSize ScreenSize()
     return Ready().screen;
 }
 
+QFont BoldTitleFont()
+{
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(12);
+    font.setWeight(QFont::Bold);
+    font.setStyleHint(QFont::SansSerif);
+    return font;
+}
+
 void SetArrowBitmaps(int upNormal, int upPressed, int downNormal, int downPressed)
 {
     Shared().arrows = {upNormal, upPressed, downNormal, downPressed};

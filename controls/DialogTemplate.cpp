@@ -3,6 +3,7 @@
 #include "controls/ControlId.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QFrame>
 #include <QGroupBox>
@@ -55,6 +56,17 @@ QWidget* MakeControl(const ControlTemplate& row, QWidget* dialog)
         auto* frame = new QFrame(dialog);
         frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
         return frame;
+    }
+    case ControlKind::ComboBox: {
+        auto* combo = new QComboBox(dialog);
+        combo->setMaxVisibleItems(30);
+        return combo;
+    }
+    case ControlKind::Caption: {
+        auto* label = new QLabel(caption, dialog);
+        label->setWordWrap(true);
+        label->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+        return label;
     }
     case ControlKind::BitmapButton: {
         // The caption stands until a bitmap is set on the button.

@@ -18,6 +18,8 @@ enum class ControlKind {
     ListBox,
     BitmapButton,
     EtchedFrame,
+    ComboBox,  // a drop-down list
+    Caption,   // a static text centred over what it names, on up to two lines
 };
 
 struct ControlTemplate {

@@ -17,15 +17,16 @@
 
 namespace {
 
-constexpr QSize kSize(420, 230);
+constexpr QSize kSize(184, 318);
 
+// A narrow column, to stand under the slot's own controls beside the effect's panel.
 const ControlTemplate kTemplate[] = {
-    {0, ControlKind::GroupBox, "Reverb Graphics", QRect(4, 2, 412, 224)},
-    {0, ControlKind::Static, "Reverb Panner:", QRect(14, 20, 180, 16)},
-    {res::IDC_PANNER_VIEW, ControlKind::EtchedFrame, "", QRect(14, 38, 180, 180)},
-    {0, ControlKind::Static, "(left mouse button to change orientation,", QRect(206, 44, 206, 32)},
-    {0, ControlKind::Static, "right mouse button for envelopment)", QRect(206, 78, 206, 32)},
-    {res::IDC_SHOW_RESPONSE_WINDOW, ControlKind::Button, "Show Reverb Response Window", QRect(206, 190, 206, 26)},
+    {0, ControlKind::GroupBox, "Reverb Graphics", QRect(0, 0, 184, 318)},
+    {0, ControlKind::Static, "Reverb Panner:", QRect(10, 20, 164, 16)},
+    {res::IDC_PANNER_VIEW, ControlKind::EtchedFrame, "", QRect(12, 38, 160, 160)},
+    {0, ControlKind::Static, "(left mouse button to change orientation,", QRect(10, 204, 166, 32)},
+    {0, ControlKind::Static, "right mouse button for envelopment)", QRect(10, 238, 166, 32)},
+    {res::IDC_SHOW_RESPONSE_WINDOW, ControlKind::Button, "Show Reverb Response Window", QRect(4, 282, 176, 28)},
 };
 
 // The width of the band of each ring: radii 3 to 11 beyond it.
@@ -48,8 +49,13 @@ FXPanner::FXPanner(int slot, QWidget* parent)
         setWindowFlags(Qt::Widget);
     BuildDialog(this, "", kSize, kTemplate);
     UI_EFX_Bridge::GetInstance()->SetPanner(slot, this);
-    connect(FindControlAs<QPushButton>(this, res::IDC_SHOW_RESPONSE_WINDOW), &QPushButton::clicked, this,
-            &FXPanner::OnShowResponseWindow);
+    auto* button = FindControlAs<QPushButton>(this, res::IDC_SHOW_RESPONSE_WINDOW);
+    // The column is narrow: the caption takes a smaller size rather than being cut.
+    QFont font = button->font();
+    while (QFontMetrics(font).horizontalAdvance(button->text()) > button->width() - 12 && font.pointSizeF() > 6.0)
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    button->setFont(font);
+    connect(button, &QPushButton::clicked, this, &FXPanner::OnShowResponseWindow);
     Setup();
 }
 

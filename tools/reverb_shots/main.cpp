@@ -39,7 +39,7 @@ int main(int argc, char** argv)
 
     QWidget parent;
     parent.setWindowTitle("Slot 0");
-    parent.resize(420, 230);
+    parent.resize(200, 330);
     auto* panner = new FXPanner(0, &parent);
     parent.show();
     qobject_cast<QAbstractButton*>(FindControl(panner, res::IDC_SHOW_RESPONSE_WINDOW))->click();
