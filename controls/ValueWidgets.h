@@ -2,10 +2,12 @@
 
 #include "values/ValueControls.h"
 
+#include <QAbstractButton>
+#include <QComboBox>
 #include <QPointer>
 
-class QAbstractButton;
-class QComboBox;
+
+
 
 // A check box or radio button as the check box and radio row values see it: their set moves the
 // check without a signal, so that a write-back never comes back as the user's click.

@@ -9,6 +9,7 @@ constexpr int IDD_ABOUTBOX = 100;
 constexpr int IDD_INITIALIZATION = 180;
 constexpr int IDD_ROUTER = 186;
 constexpr int IDD_MAIN = 192;
+constexpr int IDD_SLOT_PANEL = 142;
 constexpr int IDD_REVERB_PANNER = 173;
 constexpr int IDD_REVERB_RESPONSE = 175;
 
@@ -65,6 +66,14 @@ constexpr int ID_ADD_SOURCE = 32787;
 constexpr int ID_SHOW_POSITION_WINDOW = 32793;
 constexpr int ID_SUSPEND_CONTEXT = 32805;
 constexpr int ID_PROCESS_CONTEXT = 32806;
+
+// Slot panel: its box, the volume knob's place, "Send Auto", the effect list and "Load".
+constexpr int IDC_SLOT_BOX = 1015;
+constexpr int IDC_SLOT_VOLUME = 1013;
+constexpr int IDC_SEND_AUTO = 1011;
+constexpr int IDC_EFFECT_LIST_LABEL = 1292;
+constexpr int IDC_EFFECT_LIST = 1088;
+constexpr int IDC_LOAD_EFFECT = 1002;
 
 // Reverb panner: the round view and the button that opens the response window.
 constexpr int IDC_PANNER_VIEW = 1160;

@@ -4,6 +4,7 @@
 #include "controls/BitmapResource.h"
 #include "controls/ControlId.h"
 #include "engine/EFX_Factory.h"
+#include "panels/FXS_Panel.h"
 #include "shell/CAboutDlg.h"
 #include "shell/CConsoleList.h"
 #include "values/UI_EFX_Bridge.h"
@@ -205,9 +206,14 @@ void CSonopticDlg::OnCreateSlot()
         AfxMessageBox(QStringLiteral("Slot creation failed, see console"));
         return;
     }
-    // A failure that reports slot 0 opens slot 0 again. Slot panels are made here once they exist,
-    // with callbacks off so that their first values never reach the engine.
+    // The panel is made with callbacks off, so that its first values never reach the engine.
     m_bridge->SetCallbacksEnabled(0);
+    auto* panel = new FXS_Panel(m_client);
+    panel->SetSlot(static_cast<int>(slot));
+    panel->move(kParkingPlace);
+    panel->show();
+    m_slotPanel[slot] = panel;
+    m_bridge->SetSlotPanel(static_cast<int>(slot), panel);
     m_slotButton[slot]->setEnabled(true);
     m_bridge->SetCallbacksEnabled(1);
     ShowSlot(static_cast<int>(slot));
