@@ -5,11 +5,16 @@ CDialog::CDialog(QWidget* parent)
 {
 }
 
-void CDialog::showEvent(QShowEvent* event)
+void CDialog::InitDialog()
 {
     if (!m_initialized) {
         m_initialized = true;
         OnInitDialog();
     }
+}
+
+void CDialog::showEvent(QShowEvent* event)
+{
+    InitDialog();
     QDialog::showEvent(event);
 }

@@ -9,6 +9,9 @@ public:
     explicit CDialog(QWidget* parent = nullptr);
 
     int DoModal() { return exec(); }
+    // Runs OnInitDialog now, as the creation of a child dialog's window does, if it has not run yet:
+    // a child made while its parent is hidden must not wait for the first show to bind its values.
+    void InitDialog();
 
 protected:
     virtual void OnInitDialog() {}

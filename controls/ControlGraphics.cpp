@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -18,8 +19,8 @@ constexpr std::uint32_t kDottedGrey = 0xA0A0A0;
 // DejaVu ships with the program's set-up; Liberation Sans and Mono are metric twins of Arial and
 // Courier New where the machine has them, and fontconfig falls back to DejaVu where it has not.
 constexpr std::array<ControlFontRow, kControlFontCount> kFontTable = {{
-    {"Small Font", "DejaVu Sans", 8, 6, 0, 0x20, false},
-    {"Small Font", "DejaVu Sans", 10, 0, 0, 0x20, false},
+    {"Small Font", "DejaVu Sans Condensed", 8, 6, 0, 0x20, false},
+    {"Small Font", "DejaVu Sans Condensed", 10, 0, 0, 0x20, false},
     {"Arial", "Liberation Sans", 12, 0, 0, 0, false},
     {"Arial", "Liberation Sans", 14, 0, 0, 0, false},
     {"Arial", "Liberation Sans", 14, 0, 700, 0, false},
@@ -57,8 +58,9 @@ Graphics& Shared()
 QFont MakeFont(const ControlFontRow& row)
 {
     QFont font(QString::fromLatin1(row.substitute));
-    // A logical height is the cell height: the font's pixel size is the nearest Qt has.
-    font.setPixelSize(row.height);
+    // A logical height is the height of the character cell, leading included; Qt sizes the em.
+    // These faces have a cell of about 1.16 em.
+    font.setPixelSize(std::max(1, static_cast<int>(row.height / 1.16 + 0.5)));
     font.setWeight(row.weight >= 700 ? QFont::Bold : QFont::Normal);
     font.setUnderline(row.underline);
     if (row.pitchAndFamily & 0x01)

@@ -57,6 +57,12 @@ void CPanPotPanel::OnOK()
     setFocus();
 }
 
+void CPanPotPanel::reject()
+{
+    if (isWindow())
+        CDialog::reject();
+}
+
 QPoint CPanPotPanel::TakePlaceholder(int controlId, QString* name)
 {
     // A table that names a control its template lacks is a fault of the program, found at once.

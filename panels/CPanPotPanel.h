@@ -41,8 +41,9 @@ protected:
     // Enter, or the invisible OK button some templates hold: the panel takes the focus and stays.
     virtual void OnOK();
     void accept() override { OnOK(); }
-    // Esc would hide a child panel and leave a hole in its window: it does nothing.
-    void reject() override {}
+    // Esc would hide a child panel and leave a hole in its window: it does nothing there. A panel
+    // shown as a window of its own closes as any window does.
+    void reject() override;
 
 private:
     // The placeholder's corner in the panel's coordinates, and its accessible name; the placeholder

@@ -11,10 +11,12 @@
 namespace {
 
 constexpr int kMargin = 8;
-constexpr int kTitleHeight = 18; // the title line of a group box
-constexpr int kHeadingHeight = 14;
+constexpr int kTitleHeight = 16; // the title line of a group box
+constexpr int kBoxBottom = 2;
+constexpr int kHeadingHeight = 12;
 constexpr int kGap = 6;
-constexpr int kMinimumCell = 58;
+constexpr int kMinimumCell = 54;
+constexpr int kCaptionLine = 14;
 constexpr QSize kCombo{150, 24};
 constexpr int kComboLabelHeight = 16;
 constexpr int kButtonHeight = 26;
@@ -24,6 +26,7 @@ struct Group {
     std::vector<const PanelKnob*> knobs;
     std::vector<int> cellWidths;
     bool hasHeading = false;
+    bool twoLines = false; // some caption of the group takes two lines
     QRect place; // relative to the row while rows are filled, then absolute
 
     bool Boxed() const { return *name != '\0'; }
@@ -34,22 +37,34 @@ struct Group {
             width += w;
         return width + (Boxed() ? 2 * kGap : 0);
     }
+    int CaptionHeight() const { return twoLines ? 2 * kCaptionLine : kCaptionLine; }
     int Height() const
     {
-        return (Boxed() ? kTitleHeight + 4 : 0) + (hasHeading ? kHeadingHeight : 0) + kKnobCellHeight;
+        return (Boxed() ? kTitleHeight + kBoxBottom : 0) + (hasHeading ? kHeadingHeight : 0) + CaptionHeight() +
+               kKnobCellHeight;
     }
 };
 
-// Wide enough for the caption on one line, or on two where one would make the knob stand alone.
-int CellWidth(const char* label, const QFontMetrics& metrics)
+// Captions wider than this go on two lines, split where the wider line is narrowest.
+constexpr int kOneLineWidth = 76;
+
+// The cell's width for its caption, and whether the caption needs two lines.
+int CellWidth(const char* label, const QFontMetrics& metrics, bool* twoLines)
 {
     const QString text = QString::fromLatin1(label);
     const int whole = metrics.horizontalAdvance(text) + 8;
-    int longestWord = 0;
-    for (const QString& word : text.split(QLatin1Char(' ')))
-        longestWord = std::max(longestWord, metrics.horizontalAdvance(word) + 8);
-    const int twoLines = std::max(longestWord, whole / 2 + 16);
-    return std::max(kMinimumCell, std::min(whole, twoLines));
+    const QStringList words = text.split(QLatin1Char(' '));
+    *twoLines = false;
+    if (whole <= kOneLineWidth || words.size() < 2)
+        return std::max(kMinimumCell, whole);
+    int best = whole;
+    for (int k = 1; k < words.size(); ++k) {
+        const int first = metrics.horizontalAdvance(words.mid(0, k).join(QLatin1Char(' ')));
+        const int second = metrics.horizontalAdvance(words.mid(k).join(QLatin1Char(' ')));
+        best = std::min(best, std::max(first, second) + 8);
+    }
+    *twoLines = true;
+    return std::max(kMinimumCell, best);
 }
 
 std::vector<Group> GroupKnobs(const EffectPanelTable& table, const QFontMetrics& metrics)
@@ -63,10 +78,38 @@ std::vector<Group> GroupKnobs(const EffectPanelTable& table, const QFontMetrics&
             found = groups.end() - 1;
         }
         found->knobs.push_back(&knob);
-        found->cellWidths.push_back(CellWidth(knob.label, metrics));
+        bool twoLines = false;
+        found->cellWidths.push_back(CellWidth(knob.label, metrics, &twoLines));
+        found->twoLines |= twoLines;
         found->hasHeading |= *knob.heading != '\0';
     }
     return groups;
+}
+
+// Knobs without a box of their own wrap: the run is cut into pieces no wider than the panel.
+std::vector<Group> WrapUnboxed(std::vector<Group> groups, int width)
+{
+    std::vector<Group> wrapped;
+    for (Group& group : groups) {
+        if (group.Boxed()) {
+            wrapped.push_back(std::move(group));
+            continue;
+        }
+        Group piece{group.name, {}, {}, false, group.twoLines, {}};
+        for (std::size_t i = 0; i < group.knobs.size(); ++i) {
+            if (!piece.knobs.empty() && piece.Width() + group.cellWidths[i] > width) {
+                wrapped.push_back(piece);
+                piece.knobs.clear();
+                piece.cellWidths.clear();
+            }
+            piece.knobs.push_back(group.knobs[i]);
+            piece.cellWidths.push_back(group.cellWidths[i]);
+            piece.hasHeading |= *group.knobs[i]->heading != '\0';
+        }
+        if (!piece.knobs.empty())
+            wrapped.push_back(piece);
+    }
+    return wrapped;
 }
 
 // Each group goes into the first row with room for it; returns the rows' heights.
@@ -107,8 +150,8 @@ void PlaceGroup(const Group& group, std::vector<ControlTemplate>& out)
                 span += group.cellWidths[j];
             out.push_back({0, ControlKind::Caption, knob.heading, QRect(x, top, span, kHeadingHeight)});
         }
-        out.push_back({0, ControlKind::Caption, knob.label, QRect(x, cellTop, w, kCaptionHeight)});
-        const QPoint corner(x + (w - kPlaceholderSize.width()) / 2, cellTop + kCaptionHeight + 2);
+        out.push_back({0, ControlKind::Caption, knob.label, QRect(x, cellTop, w, group.CaptionHeight())});
+        const QPoint corner(x + (w - kPlaceholderSize.width()) / 2, cellTop + group.CaptionHeight() + 2);
         // The placeholder carries the knob's caption as its name, which the knob and read-out take over.
         out.push_back({knob.id, ControlKind::Static, "", QRect(corner, kPlaceholderSize)});
         x += w;
@@ -122,7 +165,7 @@ EffectPanelLayout LayoutEffectPanel(const EffectPanelTable& table, int maxWidth,
     EffectPanelLayout layout;
     std::vector<ControlTemplate>& out = layout.controls;
     const int inner = maxWidth - 2 * kMargin;
-    std::vector<Group> groups = GroupKnobs(table, captions);
+    std::vector<Group> groups = WrapUnboxed(GroupKnobs(table, captions), inner);
     const std::vector<int> heights = FillRows(groups, inner);
 
     int y = kTitleHeight + 2;

@@ -21,7 +21,7 @@ struct EffectPanelLayout {
 
 EffectPanelLayout LayoutEffectPanel(const EffectPanelTable& table, int maxWidth, const QFontMetrics& captions);
 
-// The knob's cell: its caption above, then the placeholder.
-inline constexpr int kCaptionHeight = 28;
+// The knob's cell below its caption: the placeholder, where the knob stands, and the read-out
+// under it.
 inline constexpr QSize kPlaceholderSize{34, 25};
-inline constexpr int kKnobCellHeight = kCaptionHeight + 2 + 26 + 15 + 6;
+inline constexpr int kKnobCellHeight = 2 + 26 + 15 + 3;

@@ -111,6 +111,7 @@ int FXS_Panel::Reload()
         if (type == 0) {
             RemovePanner();
         } else if ((EffectPanel = MakeEffectPanel(type, this, Slot))) {
+            EffectPanel->InitDialog();
             EffectPanel->show();
             // A reverb loaded after an EAX reverb keeps the panner until the next reload.
             if (type == kEAXReverb)
@@ -152,8 +153,10 @@ void FXS_Panel::RemoveChild()
 
 void FXS_Panel::ShowPanner()
 {
-    if (!ReverbPanner)
+    if (!ReverbPanner) {
         ReverbPanner = new FXPanner(Slot, this);
+        ReverbPanner->InitDialog();
+    }
     ReverbPanner->move(kPannerPlace);
     ReverbPanner->show();
     ReverbPanner->raise();

@@ -210,6 +210,7 @@ void CSonopticDlg::OnCreateSlot()
     m_bridge->SetCallbacksEnabled(0);
     auto* panel = new FXS_Panel(m_client);
     panel->SetSlot(static_cast<int>(slot));
+    panel->InitDialog();
     panel->move(kParkingPlace);
     panel->show();
     m_slotPanel[slot] = panel;

@@ -22,6 +22,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -34,20 +35,21 @@ struct Token {
     int type;
     int id;
     ALenum token;
+    bool integer = false; // the tokens of different effects share numbers: the kind must be told
 };
 constexpr Token kTokens[] = {
     {1, 1023, AL_EAXREVERB_DECAY_TIME},       {2, 1355, AL_REVERB_DECAY_TIME},
     {4, 1092, AL_AUTOWAH_RESONANCE},          {5, 1100, AL_CHORUS_RATE},
-    {5, 1099, AL_CHORUS_PHASE},               {5, 1092, AL_CHORUS_WAVEFORM},
+    {5, 1099, AL_CHORUS_PHASE, true},               {5, 1092, AL_CHORUS_WAVEFORM},
     {6, 1101, AL_DISTORTION_EDGE},            {7, 1110, AL_ECHO_FEEDBACK},
     {8, 1114, AL_EQUALIZER_LOW_GAIN},         {9, 1118, AL_FLANGER_RATE},
     {9, 1093, AL_FLANGER_WAVEFORM},           {10, 1096, AL_VOCAL_MORPHER_PHONEMEA},
-    {10, 1122, AL_VOCAL_MORPHER_RATE},        {11, 1127, AL_PITCH_SHIFTER_COARSE_TUNE},
+    {10, 1122, AL_VOCAL_MORPHER_RATE},        {11, 1127, AL_PITCH_SHIFTER_COARSE_TUNE, true},
     {12, 1125, AL_RING_MODULATOR_FREQUENCY},  {12, 1097, AL_RING_MODULATOR_WAVEFORM},
     {13, 1106, AL_FREQUENCY_SHIFTER_FREQUENCY}, {3, 1089, AL_COMPRESSOR_ONOFF},
 };
 
-const char* const kDefaultsNames[] = {"",        "Reverb",     "Reverb",  "AGC",    "Autowah",
+const char* const kDefaultsNames[] = {"",        "Reverb",     "Reverb",  "AGCCompressor", "Autowah",
                                       "Chorus",  "Distortion", "Echo",    "Equalizer", "Flanger",
                                       "VocalMorpher", "PitchShifter", "RingModulator", "FrequencyShifter"};
 
@@ -69,6 +71,7 @@ protected:
         bridge->SetCallbacksEnabled(0);
         panel = new FXS_Panel(&window);
         panel->SetSlot(0);
+        panel->InitDialog();
         panel->show();
         bridge->SetSlotPanel(0, panel);
         bridge->SetCallbacksEnabled(1);
@@ -167,13 +170,14 @@ TEST_F(SlotPanelTest, EveryEffectPanelShowsTheEnginesValuesAndItsControlsReachTh
                 ASSERT_NE(knob, nullptr);
                 QAccessibleValueInterface* access = QAccessible::queryAccessibleInterface(knob)->valueInterface();
                 access->setCurrentValue(access->maximumValue());
-                const double engine = t.token == AL_CHORUS_PHASE || t.token == AL_PITCH_SHIFTER_COARSE_TUNE
-                                          ? EffectInt(t.token)
-                                          : EffectFloat(t.token);
+                const double engine = t.integer ? EffectInt(t.token) : EffectFloat(t.token);
                 EXPECT_NEAR(engine, access->maximumValue().toDouble(), 1e-3);
                 EXPECT_NEAR(Shown(*knob), engine, 1e-3);
             }
-            EXPECT_EQ(console.lines.size(), 1u);
+            // One line for the set; the write-back's query of the effect type adds the slot's empty log.
+            const auto said = std::count_if(console.lines.begin(), console.lines.end(),
+                                            [](const std::string& line) { return !line.empty(); });
+            EXPECT_EQ(said, 1) << ::testing::PrintToString(console.lines);
         }
         console.lines.clear();
         FindControlAs<QPushButton>(&effect, effect.Table().defaultsId)->click();
