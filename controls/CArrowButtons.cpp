@@ -6,6 +6,15 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+namespace {
+
+bool IsTab(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+}
+
+} // namespace
+
 CArrowButton::CArrowButton(int normalBitmap, int pressedBitmap, CDecimalDisplay* owner)
     : CTalmeButton(normalBitmap, pressedBitmap, 0), m_display(owner)
 {
@@ -14,8 +23,8 @@ CArrowButton::CArrowButton(int normalBitmap, int pressedBitmap, CDecimalDisplay*
 
 bool CArrowButton::event(QEvent* event)
 {
-    // Tab must reach the arrow, not move the focus along the dialog.
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab) {
+    // Tab is the arrow's key, not a move along the dialog's focus chain.
+    if (event->type() == QEvent::KeyPress && IsTab(*static_cast<QKeyEvent*>(event))) {
         keyPressEvent(static_cast<QKeyEvent*>(event));
         return true;
     }
@@ -25,28 +34,18 @@ bool CArrowButton::event(QEvent* event)
 void CArrowButton::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
-    if (!m_display)
-        return;
-    switch (event->key()) {
-    case Qt::Key_Tab:
+    if (IsTab(*event)) {
         m_display->setFocus(Qt::TabFocusReason);
-        break;
-    case Qt::Key_Up:
-    case Qt::Key_Down: {
-        QKeyEvent forwarded(QEvent::KeyPress, event->key(), event->modifiers());
+    } else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+        QKeyEvent forwarded(QEvent::KeyPress, event->key(), event->modifiers(), event->text());
         QApplication::sendEvent(m_display, &forwarded);
-        break;
-    }
-    default:
-        break;
     }
 }
 
 void CArrowButton::focusOutEvent(QFocusEvent* event)
 {
     CTalmeButton::focusOutEvent(event);
-    if (m_display)
-        m_display->OnArrowLostFocus();
+    m_display->OnArrowLostFocus();
 }
 
 CUpArrowButton::CUpArrowButton(CDecimalDisplay* owner)

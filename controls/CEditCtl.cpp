@@ -4,24 +4,38 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
 #include <charconv>
-#include <cstdio>
+
+namespace {
+
+bool IsLetter(QChar c)
+{
+    return (c >= QLatin1Char('a') && c <= QLatin1Char('z')) || (c >= QLatin1Char('A') && c <= QLatin1Char('Z'));
+}
+
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
+}
+
+} // namespace
 
 double AtofC(const QString& text)
 {
     const QByteArray bytes = text.toLatin1();
     const char* p = bytes.constData();
     const char* end = p + bytes.size();
-    while (p < end && (*p == ' ' || *p == '\t' || *p == '\n' || *p == '\r' || *p == '\f' || *p == '\v'))
+    while (p < end && IsBlank(*p))
         ++p;
     bool negative = false;
-    if (p < end && (*p == '+' || *p == '-')) {
-        negative = *p == '-';
-        ++p;
-    }
+    if (p < end && (*p == '+' || *p == '-'))
+        negative = *p++ == '-';
+    // from_chars would take a second sign; atof does not.
+    if (p == end || *p == '+' || *p == '-')
+        return 0.0;
     double value = 0.0;
-    const auto result = std::from_chars(p, end, value);
-    if (result.ec != std::errc())
+    if (std::from_chars(p, end, value).ec != std::errc())
         return 0.0;
     return negative ? -value : value;
 }
@@ -32,6 +46,9 @@ CEditCtl::CEditCtl(CDecimalDisplay* owner)
     hide();
     setFrame(false);
     setAlignment(Qt::AlignCenter);
+    setCursor(Qt::ArrowCursor);
+    // A context menu would take the focus, and with it commit and close the edit under the menu.
+    setContextMenuPolicy(Qt::NoContextMenu);
 }
 
 void CEditCtl::Open(const QString& text)
@@ -67,25 +84,31 @@ double CEditCtl::GetNumber() const
 void CEditCtl::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
-    if (!allowLetters && key >= Qt::Key_A && key <= Qt::Key_Z && !(event->modifiers() & Qt::ControlModifier)) {
-        event->accept();
-        return;
-    }
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
         event->accept();
-        lastKey = 13;
-        m_owner->setFocus(Qt::OtherFocusReason);
+        Finish(13);
         return;
     }
     if (key == Qt::Key_Escape) {
         event->accept();
-        // The opening text comes back, and is committed as any other text would be.
         setText(numeric ? QString::asprintf("%f", openValue) : openText);
-        lastKey = 27;
-        m_owner->setFocus(Qt::OtherFocusReason);
+        Finish(27);
+        return;
+    }
+    const QString typed = event->text();
+    if (!allowLetters && std::any_of(typed.begin(), typed.end(), IsLetter)) {
+        event->accept();
         return;
     }
     QLineEdit::keyPressEvent(event);
+}
+
+void CEditCtl::Finish(int key)
+{
+    lastKey = key;
+    m_owner->setFocus(Qt::OtherFocusReason);
+    // Where the display could not take the focus, the edit closes all the same.
+    Close();
 }
 
 void CEditCtl::focusOutEvent(QFocusEvent* event)

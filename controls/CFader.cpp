@@ -94,11 +94,12 @@ bool CFader::ApplyDelta(int delta)
     if (position == m_position)
         return false;
     MoveThumb(position);
-    // The fader has moved already: it must not hear of its own change.
+    // The fader has moved already: it must not hear of its own change. Leaving the list clears
+    // Subject, so the value is held aside first.
     CObservable* subject = Subject;
-    if (subject) {
+    if (CObservableNumber* number = AccessibleSubject()) {
         subject->RemoveObserver(this, 0);
-        SetSubjectValue(ValueForPosition());
+        number->SetValue(ValueForPosition());
         subject->AddObserver(this, 0);
     }
     return true;

@@ -8,11 +8,23 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <utility>
+
+namespace {
+
+constexpr int kNormal = 0;
+constexpr int kPressed = 1;
+constexpr int kDisabled = 2;
+
+} // namespace
+
 CTalmeButton::CTalmeButton(int normalBitmap, int pressedBitmap, int disabledBitmap)
-    : m_normalBitmap(normalBitmap), m_pressedBitmap(pressedBitmap), m_disabledBitmap(disabledBitmap)
+    : m_bitmaps{normalBitmap, pressedBitmap, disabledBitmap}
 {
-    setFocusPolicy(Qt::ClickFocus);
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    // The press takes the focus itself, and only when the button is not disabled.
+    setFocusPolicy(Qt::NoFocus);
+    // A click of any origin, the mouse's or an accessibility tool's press, is the command.
+    connect(this, &QAbstractButton::clicked, this, [this] { Command(); });
 }
 
 CTalmeButton::~CTalmeButton()
@@ -20,24 +32,25 @@ CTalmeButton::~CTalmeButton()
     StopRepeat();
 }
 
-bool CTalmeButton::Create(QWidget* parent, int id, QPoint topLeft)
+bool CTalmeButton::Create(QWidget* parent, int id, QPoint topLeft, int)
 {
     m_controlId = id;
     setParent(parent);
     SetControlId(this, id);
     if (!m_owner)
         m_owner = dynamic_cast<TalmeButtonOwner*>(parent);
-    const QSize size = m_textMode ? sizeHint() : BitmapSize(m_normalBitmap);
-    setGeometry(QRect(topLeft, size));
+    setGeometry(QRect(topLeft, sizeHint()));
     show();
     return true;
 }
 
 QSize CTalmeButton::sizeHint() const
 {
+    if (m_drawSize.isValid())
+        return m_drawSize;
     if (m_textMode)
-        return QFontMetrics(ControlFont(m_captionFont)).size(Qt::TextSingleLine, text()) + QSize(12, 8);
-    return m_drawSize.isValid() ? m_drawSize : BitmapSize(m_normalBitmap);
+        return QFontMetrics(ControlFont(m_captionFont)).size(Qt::TextSingleLine, text());
+    return BitmapSize(m_bitmaps[kNormal]);
 }
 
 void CTalmeButton::SetDrawSize(QSize size)
@@ -65,6 +78,26 @@ void CTalmeButton::SetTextMode(const QString& caption)
     setText(caption);
 }
 
+void CTalmeButton::SetHeld(bool held)
+{
+    setDown(held);
+    if (!m_isToggle)
+        m_pressed = held;
+    update();
+}
+
+void CTalmeButton::Command()
+{
+    if (m_owner && !m_disabled)
+        m_owner->OnButtonCommand(m_controlId);
+}
+
+void CTalmeButton::StartRepeat()
+{
+    StopRepeat();
+    m_repeatTimer = startTimer(kRepeatMilliseconds, Qt::PreciseTimer);
+}
+
 void CTalmeButton::StopRepeat()
 {
     if (m_repeatTimer)
@@ -74,30 +107,29 @@ void CTalmeButton::StopRepeat()
 
 void CTalmeButton::mousePressEvent(QMouseEvent* event)
 {
+    // Taking the press is the capture: Qt sends the moves and the release here, wherever they are.
     event->accept();
     if (event->button() != Qt::LeftButton)
         return;
-    // Qt's implicit grab keeps the mouse here until the release, disabled or not.
     m_captured = true;
     if (m_disabled)
         return;
-    if (m_autoRepeat) {
-        if (m_owner)
-            m_owner->OnButtonCommand(m_controlId);
-        StopRepeat();
-        m_repeatTimer = startTimer(kRepeatMilliseconds);
-    }
+    // The focus moves before the command, so that an owner that loses the focus to this button has
+    // done so by the time it handles the command.
     setFocus(Qt::MouseFocusReason);
-    setDown(true);
-    update();
+    if (m_autoRepeat) {
+        Command();
+        StartRepeat();
+    }
+    SetHeld(true);
 }
 
 void CTalmeButton::mouseMoveEvent(QMouseEvent* event)
 {
-    // Leaving the button with the mouse held stops nothing: only the release or the loss of focus does.
+    // Only the look follows the mouse out and back in: leaving the button stops no repeat.
     event->accept();
-    if (!m_disabled && m_captured && !m_autoRepeat)
-        setDown(rect().contains(event->position().toPoint()));
+    if (m_captured && !m_disabled)
+        SetHeld(rect().contains(event->position().toPoint()));
 }
 
 void CTalmeButton::mouseReleaseEvent(QMouseEvent* event)
@@ -105,27 +137,21 @@ void CTalmeButton::mouseReleaseEvent(QMouseEvent* event)
     event->accept();
     if (event->button() != Qt::LeftButton)
         return;
-    const bool inside = rect().contains(event->position().toPoint());
-    const bool wasCaptured = m_captured;
-    m_captured = false;
+    const bool wasCaptured = std::exchange(m_captured, false);
+    // Also where the button was disabled while it was held: nothing may repeat past the release.
+    StopRepeat();
     if (m_disabled || !wasCaptured)
         return;
+    const bool inside = rect().contains(event->position().toPoint());
     if (m_isToggle && inside) {
         m_toggled = !m_toggled;
         m_pressed = m_toggled;
     }
-    setDown(false);
-    update();
     // An auto-repeat button gave its step at the press: its release is no click.
-    if (m_autoRepeat) {
-        StopRepeat();
-        return;
-    }
-    if (inside) {
-        if (m_owner)
-            m_owner->OnButtonCommand(m_controlId);
+    const bool click = !m_autoRepeat && inside && isDown();
+    SetHeld(false);
+    if (click)
         Q_EMIT clicked(m_toggled);
-    }
 }
 
 void CTalmeButton::timerEvent(QTimerEvent* event)
@@ -138,24 +164,34 @@ void CTalmeButton::timerEvent(QTimerEvent* event)
     StopRepeat();
     if (m_owner)
         m_owner->OnButtonRepeat(m_controlId);
-    m_repeatTimer = startTimer(kRepeatMilliseconds);
+    StartRepeat();
 }
 
 void CTalmeButton::focusOutEvent(QFocusEvent* event)
 {
+    // A held button that loses the focus lets the mouse go: its release then neither clicks nor
+    // flips a toggle.
     StopRepeat();
     QAbstractButton::focusOutEvent(event);
+    if (m_disabled || !m_captured)
+        return;
+    m_captured = false;
+    SetHeld(false);
 }
 
 void CTalmeButton::paintEvent(QPaintEvent*)
 {
+    // No background is erased: where a state has no bitmap, what lies beneath shows through.
     QPainter painter(this);
-    const int state = m_disabled ? 2 : (isDown() || m_pressed) ? 1 : 0;
+    DrawItem(painter);
+}
+
+void CTalmeButton::DrawItem(QPainter& painter)
+{
+    const int state = m_disabled ? kDisabled : m_pressed ? kPressed : kNormal;
     if (!m_textMode) {
-        const int bitmaps[3] = {m_normalBitmap, m_pressedBitmap, m_disabledBitmap};
-        painter.fillRect(rect(), palette().window());
-        if (bitmaps[state])
-            DrawBitmap(painter, bitmaps[state], rect());
+        if (m_bitmaps[state])
+            DrawBitmap(painter, m_bitmaps[state], rect());
         return;
     }
     painter.fillRect(rect(), ControlBrush(m_fillColours[state]));
@@ -163,5 +199,5 @@ void CTalmeButton::paintEvent(QPaintEvent*)
     painter.setPen(ControlPen(m_captionColours[state]));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
     if (m_captionEdge)
-        DrawFrame3D(painter, rect().adjusted(0, 0, -1, -1), state == 1);
+        DrawEdge(painter, rect(), state == kPressed);
 }

@@ -23,7 +23,9 @@ std::int32_t TruncateToLong(double value)
     return static_cast<std::int32_t>(value);
 }
 
-const char* FloatFormat(int decimals)
+} // namespace
+
+const char* FloatValueFormat(int decimals)
 {
     switch (decimals) {
     case 1:
@@ -36,8 +38,6 @@ const char* FloatFormat(int decimals)
         return "%2.2f";
     }
 }
-
-} // namespace
 
 void COrvexObservableFloat::SetValue(double value)
 {
@@ -66,7 +66,7 @@ void COrvexObservableLong::SetLong(std::int32_t value)
 bool CEFXFloatValObs::GetValueText(char* buffer, int decimals) const
 {
     std::memset(buffer, 0, kValueTextSize);
-    std::snprintf(buffer, kValueTextSize, FloatFormat(decimals), static_cast<double>(Value));
+    std::snprintf(buffer, kValueTextSize, FloatValueFormat(decimals), static_cast<double>(Value));
     return true;
 }
 

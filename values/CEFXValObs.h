@@ -25,6 +25,10 @@ public:
     virtual void SetLong(std::int32_t value);
 };
 
+// The printf form of a float value with 1 to 4 decimals ("%2.1f" ... "%2.4f"); any other count gives
+// "%2.2f". The value's own text and the panels' read-outs share it.
+const char* FloatValueFormat(int decimals);
+
 // The size of the buffer that GetValueText fills.
 constexpr std::size_t kValueTextSize = 128;
 

@@ -1,11 +1,14 @@
 #include "controls/ControlId.h"
+#include "engine/EFX_Factory.h"
 #include "engine/ProcAddress.h"
+#include "panels/FXS_Panel.h"
 #include "resources/ResourceIds.h"
 #include "shell/CConsoleList.h"
 #include "shell/CSonopticApp.h"
 #include "shell/CSonopticDlg.h"
 #include "tests/shell/ModalDriver.h"
 #include "tests/shell/XKeyboard.h"
+#include "values/BridgeTables.h"
 #include "values/UI_EFX_Bridge.h"
 
 #include <QAction>
@@ -17,6 +20,7 @@
 #include <gtest/gtest.h>
 
 #include <AL/al.h>
+#include <AL/efx.h>
 
 #include <cstring>
 #include <functional>
@@ -64,6 +68,16 @@ std::string LastConsoleLine(CSonopticDlg& dialog)
     return console->count() ? console->item(console->count() - 1)->text().toStdString() : std::string();
 }
 
+// The console's lines from line `from` on.
+std::string ConsoleSince(CSonopticDlg& dialog, int from)
+{
+    std::string lines;
+    CConsoleList* console = dialog.Console();
+    for (int i = from; i < console->count(); ++i)
+        lines += console->item(i)->text().toStdString() + "\n";
+    return lines;
+}
+
 // Reads the text of the next message box and presses its OK button.
 ModalDriver::Step ReadBox(std::string& text)
 {
@@ -97,10 +111,13 @@ TEST(MainDialog, EachCreateSlotMakesTheNextSlotAndTheFifthFails)
         [&](CSonopticDlg& dialog) {
             auto* create = FindControlAs<QPushButton>(&dialog, res::IDC_CREATE_SLOT);
             for (int slot = 0; slot < 4; ++slot) {
+                const int before = dialog.Console()->count();
                 QTest::mouseClick(create, Qt::LeftButton);
                 EXPECT_TRUE(SlotButton(dialog, slot)->isEnabled());
                 EXPECT_TRUE(ShowsSelected(dialog, slot));
-                EXPECT_NE(LastConsoleLine(dialog).find("successful"), std::string::npos) << LastConsoleLine(dialog);
+                // The creation's line, then those of the new slot panel's first refresh.
+                EXPECT_NE(ConsoleSince(dialog, before).find("successful"), std::string::npos)
+                    << ConsoleSince(dialog, before);
             }
             // The fifth press shows a box; the driver answers it while the click waits.
             QTimer::singleShot(0, [create, &presses] {
@@ -112,6 +129,25 @@ TEST(MainDialog, EachCreateSlotMakesTheNextSlotAndTheFifthFails)
         {ReadBox(box)});
     EXPECT_EQ(presses, 1);
     EXPECT_EQ(box, "Slot creation failed, see console");
+}
+
+TEST(MainDialog, CreateSlotShowsTheSlotPanelWithItsVolumeAtTheEnginesGainAndNoEffect)
+{
+    RunMainDialog("-maxsends=2", [&](CSonopticDlg& dialog) {
+        QTest::mouseClick(FindControlAs<QPushButton>(&dialog, res::IDC_CREATE_SLOT), Qt::LeftButton);
+        auto* panel = dialog.findChild<FXS_Panel*>();
+        ASSERT_NE(panel, nullptr);
+        EXPECT_TRUE(panel->isVisible());
+        EXPECT_EQ(panel->pos(), FindControl(&dialog, res::IDC_SLOT_PANEL_MARKER)->pos());
+        EXPECT_FLOAT_EQ(BridgeTables().SlotGainValues[0]->Value, 1.0f);
+        EXPECT_EQ(panel->EffectList->currentIndex(), 0);
+        EXPECT_EQ(panel->EffectPanel, nullptr);
+        // The placeholder 0.77 of the volume knob never reached the engine.
+        auto getSlotf = reinterpret_cast<LPALGETAUXILIARYEFFECTSLOTF>(alGetProcAddress("alGetAuxiliaryEffectSlotf"));
+        float gain = -1;
+        getSlotf(EFX_Factory::GetEffectSlotId(0), AL_EFFECTSLOT_GAIN, &gain);
+        EXPECT_FLOAT_EQ(gain, 1.0f);
+    });
 }
 
 TEST(MainDialog, FifthSlotReasonIsInTheConsole)

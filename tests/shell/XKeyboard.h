@@ -14,9 +14,10 @@ public:
     // Holds the modifiers, presses and releases the key, lets go of the modifiers, then lets the
     // program handle what arrived.
     void Chord(const std::vector<std::string>& modifiers, const std::string& key);
+    // Presses or lets go of one key, and waits a moment for the server.
+    void Send(const std::string& name, bool down);
 
 private:
-    void Send(const std::string& name, bool down);
 
     void* m_display;
 };

@@ -1,87 +1,107 @@
-// Draws the program's bitmap resources into resources/bitmaps/, as BMP files named by their number.
-// Run by hand after changing a drawing: make_bitmaps <folder>
-#include <QGuiApplication>
-#include <QImage>
-#include <QLinearGradient>
-#include <QPainter>
+// Draws the program's bitmap resources into a folder, as BMP files named by their number, each also at
+// twice the size as <number>@2x.bmp. Run by hand after changing a drawing:
+//   make_bitmaps <folder> [--png <folder>]
+// With --png every bitmap is read back as written and also saved as a PNG enlarged four times (the
+// double-size ones twice), to be looked at.
+#include "controls/CDib.h"
+#include "resources/ResourceIds.h"
+#include "tools/make_bitmaps/Drawings.h"
+#include "tools/make_bitmaps/PackedBitmap.h"
+
+#include <QApplication>
 
 #include <cstdio>
+#include <functional>
+#include <vector>
 
 namespace {
 
-// A slot button of the main dialog, 48 x 29: the slot's number on a dark plate, with a lamp that is lit
-// when the slot is the one shown.
-QImage SlotButton(int slot, bool selected)
+// The colours of the four knob looks; the legend's slices take the same ones.
+const QColor kKnobGrey(0x7A, 0x80, 0x8A);
+const QColor kKnobBlue(0x2C, 0x62, 0xC4);
+const QColor kKnobGreen(0x2C, 0x96, 0x46);
+const QColor kKnobRedBrown(0x96, 0x40, 0x26);
+
+struct Drawing {
+    int id;
+    int bitCount; // 4 and 8 with a colour table of the picture's own, 24 without
+    std::function<QImage(int scale)> draw;
+    int dither = 0; // levels of ordered dither, for shades that 16 colours would band
+};
+
+std::vector<Drawing> Drawings()
 {
-    QImage image(48, 29, QImage::Format_RGB32);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-
-    QLinearGradient plate(0, 0, 0, 29);
-    plate.setColorAt(0, selected ? QColor(0x4a, 0x52, 0x60) : QColor(0x3a, 0x3e, 0x46));
-    plate.setColorAt(1, selected ? QColor(0x2a, 0x30, 0x3a) : QColor(0x22, 0x25, 0x2b));
-    painter.fillRect(image.rect(), plate);
-    painter.setPen(QColor(0x10, 0x10, 0x12));
-    painter.drawRect(0, 0, 47, 28);
-    painter.setPen(QColor(0x5c, 0x62, 0x6e));
-    painter.drawLine(1, 1, 46, 1);
-
-    const QColor lamp = selected ? QColor(0xff, 0xa0, 0x20) : QColor(0x55, 0x3a, 0x18);
-    painter.setPen(Qt::NoPen);
-    if (selected) {
-        painter.setBrush(QColor(0xff, 0xa0, 0x20, 70));
-        painter.drawEllipse(QPointF(8.5, 14.5), 6, 6);
+    std::vector<Drawing> drawings = {
+        {res::IDR_MAINFRAME, 24, [](int s) { return ProgramIcon(s); }},
+        {res::IDB_FADER_THUMB, 4, [](int s) { return FaderThumb(s); }},
+        {res::IDB_ARROW_DOWN, 4, [](int s) { return ArrowButton(false, false, s); }},
+        {res::IDB_ARROW_UP_PRESSED, 4, [](int s) { return ArrowButton(true, true, s); }},
+        {res::IDB_ARROW_UP, 4, [](int s) { return ArrowButton(true, false, s); }},
+        {res::IDB_READOUT_BACK, 8, [](int s) { return ReadoutPlate(s); }},
+        {res::IDB_FADER_TRACK, 4, [](int s) { return FaderTrack(s); }},
+        {res::IDB_ARROW_DOWN_PRESSED, 4, [](int s) { return ArrowButton(false, true, s); }},
+        {res::IDB_KNOB_GREY, 8, [](int s) { return KnobStrip(kKnobGrey, s); }},
+        {res::IDB_KNOB_BLUE, 8, [](int s) { return KnobStrip(kKnobBlue, s); }},
+        {res::IDB_KNOB_GREEN, 8, [](int s) { return KnobStrip(kKnobGreen, s); }},
+        {res::IDB_KNOB_RED_BROWN, 8, [](int s) { return KnobStrip(kKnobRedBrown, s); }},
+        {res::IDB_LEGEND_GREEN, 8, [](int s) { return KnobSlice(kKnobGreen, s); }},
+        {res::IDB_LEGEND_RED_BROWN, 8, [](int s) { return KnobSlice(kKnobRedBrown, s); }},
+        {res::IDB_LEGEND_GREY, 8, [](int s) { return KnobSlice(kKnobGrey, s); }},
+    };
+    for (int slot = 0; slot < 4; ++slot) {
+        drawings.push_back({res::IDB_SLOT_0 + slot, 4, [slot](int s) { return SlotButton(slot, false, s); }, 4});
+        drawings.push_back({res::IDB_SLOT_0_SELECTED + slot, 4, [slot](int s) { return SlotButton(slot, true, s); }, 4});
     }
-    painter.setBrush(lamp);
-    painter.drawEllipse(QPointF(8.5, 14.5), 3.2, 3.2);
-
-    QFont font("DejaVu Sans");
-    font.setPixelSize(9);
-    font.setBold(true);
-    painter.setFont(font);
-    painter.setPen(selected ? QColor(0xf0, 0xf0, 0xf0) : QColor(0xa8, 0xad, 0xb5));
-    painter.drawText(QRect(15, 3, 31, 11), Qt::AlignCenter, "SLOT");
-    font.setPixelSize(12);
-    painter.setFont(font);
-    painter.setPen(selected ? QColor(0xff, 0xc0, 0x60) : QColor(0xd0, 0xd4, 0xda));
-    painter.drawText(QRect(15, 13, 31, 14), Qt::AlignCenter, QString::number(slot));
-    return image;
+    return drawings;
 }
 
-// The program's icon, 32 x 32: a speaker's rings on a dark disc.
-QImage ProgramIcon()
+QList<QRgb> PaletteFor(const QImage& image, int bitCount)
 {
-    QImage image(32, 32, QImage::Format_RGB32);
-    image.fill(QColor(0xd4, 0xd0, 0xc8));
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor(0x10, 0x10, 0x12));
-    painter.setBrush(QColor(0x2a, 0x2e, 0x36));
-    painter.drawEllipse(QRectF(1.5, 1.5, 29, 29));
-    painter.setBrush(Qt::NoBrush);
-    for (int ring = 0; ring < 3; ++ring) {
-        painter.setPen(QPen(QColor(0xff, 0xa0 + 0x20 * ring, 0x20 + 0x30 * ring), 1.6));
-        const double r = 4.0 + 4.0 * ring;
-        painter.drawArc(QRectF(10 - r, 16 - r, 2 * r, 2 * r), -50 * 16, 100 * 16);
-    }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0xff, 0xa0, 0x20));
-    painter.drawEllipse(QPointF(10, 16), 2.5, 2.5);
-    return image;
+    if (bitCount == 8)
+        return PaletteWithMaskKey(image);
+    if (bitCount != 4)
+        return {};
+    QList<QRgb> palette = ChoosePalette(image, 16);
+    while (palette.size() < 16)
+        palette.append(qRgb(0, 0, 0));
+    return palette;
+}
+
+// The file as the program will read it, enlarged for the eye.
+bool SavePreview(const QString& bitmap, const QString& png, int magnify)
+{
+    CDib dib;
+    if (!dib.Read(bitmap))
+        return false;
+    const QImage image = dib.ToImage();
+    return image.scaled(image.size() * magnify, Qt::IgnoreAspectRatio, Qt::FastTransformation).save(png);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    QGuiApplication application(argc, argv);
-    const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("resources/bitmaps");
-    // 156 to 159: slot buttons not selected; 160 to 163: selected.
-    for (int slot = 0; slot < 4; ++slot) {
-        SlotButton(slot, false).save(QString("%1/%2.bmp").arg(folder).arg(156 + slot));
-        SlotButton(slot, true).save(QString("%1/%2.bmp").arg(folder).arg(160 + slot));
+    QApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    const QString folder = arguments.size() > 1 ? arguments[1] : QStringLiteral("resources/bitmaps");
+    const int pngAt = int(arguments.indexOf(QStringLiteral("--png")));
+    const QString previews = pngAt > 0 && pngAt + 1 < arguments.size() ? arguments[pngAt + 1] : QString();
+
+    int failures = 0;
+    for (const Drawing& drawing : Drawings()) {
+        for (int scale : {1, 2}) {
+            const QString name = scale == 1 ? QString::number(drawing.id) : QStringLiteral("%1@2x").arg(drawing.id);
+            const QString path = QStringLiteral("%1/%2.bmp").arg(folder, name);
+            const QImage image = drawing.draw(scale);
+            if (!WriteBitmap(image, drawing.bitCount, PaletteFor(image, drawing.bitCount), path, drawing.dither)) {
+                std::fprintf(stderr, "could not write %s\n", path.toLocal8Bit().constData());
+                ++failures;
+                continue;
+            }
+            if (!previews.isEmpty() && !SavePreview(path, QStringLiteral("%1/%2.png").arg(previews, name), 8 / (2 * scale)))
+                ++failures;
+        }
     }
-    ProgramIcon().save(QString("%1/128.bmp").arg(folder));
     std::printf("bitmaps written to %s\n", folder.toLocal8Bit().constData());
-    return 0;
+    return failures ? 1 : 0;
 }

@@ -27,7 +27,8 @@ int main(int argc, char** argv)
     QWidget frame;
     frame.setFixedSize(628, 568);
     frame.show();
-    QTest::qWaitForWindowExposed(&frame);
+    if (!QTest::qWaitForWindowExposed(&frame))
+        return 1;
     bridge.SetCallbacksEnabled(0);
     auto* panel = new FXS_Panel(&frame);
     panel->SetSlot(0);

@@ -44,7 +44,8 @@ int main(int argc, char** argv)
     parent.show();
     qobject_cast<QAbstractButton*>(FindControl(panner, res::IDC_SHOW_RESPONSE_WINDOW))->click();
     auto* window = dynamic_cast<C3DReverbResponseDlg*>(bridge.GetResponseWindow());
-    QTest::qWaitForWindowExposed(window);
+    if (!QTest::qWaitForWindowExposed(window))
+        return 1;
     QTest::qWait(200);
     bool saved = window->grab().save(folder + "/response-window.png");
     saved &= parent.grab().save(folder + "/reverb-panner.png");
