@@ -1,3 +1,4 @@
+#include "controls/ControlResources.h"
 #include "shell/CSonopticApp.h"
 #include "shell/CommandLine.h"
 
@@ -5,6 +6,7 @@
 
 int main(int argc, char* argv[])
 {
+    ChoosePlatformOptions();
     QApplication application(argc, argv);
     QApplication::setApplicationDisplayName("Sonoptic");
     CSonopticApp sonoptic(JoinArguments(argc, argv));

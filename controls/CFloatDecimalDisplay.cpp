@@ -18,7 +18,9 @@ void CFixedFormatDecimalDisplay::PaintText(QPainter& painter)
 
 void CFixedFormatDecimalDisplay::RedrawValue(double, double)
 {
-    repaint(TextArea());
+    // Marked now and painted with the knob in the same pass before the next input is handled: one
+    // flush to the window system for both, rather than one each.
+    update(TextArea());
 }
 
 CFloatDecimalDisplay::CFloatDecimalDisplay(unsigned decimals)

@@ -5,6 +5,8 @@
 #include "controls/ControlStyles.h"
 #include "resources/ResourceIds.h"
 
+#include <QtGlobal>
+
 void InitControlResources()
 {
     InitGraphics();
@@ -12,4 +14,9 @@ void InitControlResources()
     SetArrowBitmaps(res::IDB_ARROW_UP, res::IDB_ARROW_UP_PRESSED, res::IDB_ARROW_DOWN, res::IDB_ARROW_DOWN_PRESSED);
     InitPotSpecs();
     InitDecimalDisplaySpec();
+}
+
+void ChoosePlatformOptions()
+{
+    qputenv("QT_XCB_NO_MITSHM", "1");
 }

@@ -22,6 +22,7 @@
 
 int main(int argc, char** argv)
 {
+    ChoosePlatformOptions();
     QApplication application(argc, argv);
     const char* screenshot = nullptr;
     for (int i = 1; i + 1 < argc; ++i)
