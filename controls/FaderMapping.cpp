@@ -5,6 +5,19 @@
 #include <cmath>
 #include <limits>
 
+namespace {
+
+double ValueOf(int position, const CConvertNumeric* converter, int count, double factor)
+{
+    // One position has no span: it stands at the bottom of the range.
+    const double span = count > 1 ? count - 1 : 1;
+    if (converter)
+        return converter->FromLinear(position / span);
+    return position * factor / span;
+}
+
+} // namespace
+
 int CutToInt(double value)
 {
     if (std::isnan(value))
@@ -25,24 +38,15 @@ int FaderPositionOf(double value, const CConvertNumeric* converter, int position
 
 double FaderValueOf(int position, const CConvertNumeric* converter, int positions)
 {
-    // A fader of one position has no span: it stands at the bottom of the range.
-    const double span = positions > 1 ? positions - 1 : 1;
-    if (converter)
-        return converter->FromLinear(position / span);
-    return position * 65535.0 / span;
+    return ValueOf(position, converter, positions, 65535.0);
 }
 
 int KnobFrameOf(double value, const CConvertNumeric* converter, int frames)
 {
-    if (converter)
-        return CutToInt((frames - 1) * converter->ToLinear(value));
-    return CutToInt(frames * value / 65536.0);
+    return FaderPositionOf(value, converter, frames);
 }
 
 double KnobValueOf(int frame, const CConvertNumeric* converter, int frames)
 {
-    const double span = frames > 1 ? frames - 1 : 1;
-    if (converter)
-        return converter->FromLinear(frame / span);
-    return frame * 65536.0 / span;
+    return ValueOf(frame, converter, frames, 65536.0);
 }
