@@ -3,6 +3,8 @@
 // values and the library's refusal of an effect.
 #include "tests/controls/LiveReverb.h"
 
+#include "controls/CDecimalDisplay.h"
+#include "controls/CEditCtl.h"
 #include "controls/CPot.h"
 #include "controls/ControlId.h"
 #include "engine/EFX_EffectSlot.h"
@@ -25,6 +27,8 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
+#include <vector>
 
 using namespace controls_test;
 
@@ -154,6 +158,8 @@ TEST_F(SlotPanelTest, EveryEffectPanelShowsTheEnginesValuesAndItsControlsReachTh
             for (double placeholder : {0.77, 7.77, 777.0, 77.77, 777.7, 7777.0, 77.0, 0.077, 0.8977})
                 EXPECT_GT(std::abs(shown - placeholder), 1e-4) << effect.Table().knobs[r].label;
         }
+        std::vector<std::pair<CPot*, double>> turned;
+        std::vector<std::pair<QComboBox*, int>> chosen;
         for (const Token& t : kTokens) {
             if (t.type != type)
                 continue;
@@ -161,6 +167,7 @@ TEST_F(SlotPanelTest, EveryEffectPanelShowsTheEnginesValuesAndItsControlsReachTh
             QWidget* control = FindControl(&effect, t.id);
             ASSERT_NE(control, nullptr) << t.id;
             if (auto* combo = qobject_cast<QComboBox*>(control)) {
+                chosen.emplace_back(combo, combo->currentIndex());
                 const int choice = combo->count() - 1;
                 combo->setCurrentIndex(choice);
                 Q_EMIT combo->activated(choice);
@@ -168,6 +175,7 @@ TEST_F(SlotPanelTest, EveryEffectPanelShowsTheEnginesValuesAndItsControlsReachTh
             } else {
                 auto* knob = dynamic_cast<CPot*>(control);
                 ASSERT_NE(knob, nullptr);
+                turned.emplace_back(knob, Shown(*knob));
                 QAccessibleValueInterface* access = QAccessible::queryAccessibleInterface(knob)->valueInterface();
                 access->setCurrentValue(access->maximumValue());
                 const double engine = t.integer ? EffectInt(t.token) : EffectFloat(t.token);
@@ -184,10 +192,47 @@ TEST_F(SlotPanelTest, EveryEffectPanelShowsTheEnginesValuesAndItsControlsReachTh
         ASSERT_FALSE(console.lines.empty());
         EXPECT_EQ(console.lines.back(),
                   std::string("Set ") + kDefaultsNames[type] + " to its default values successful");
+        // The knobs and boxes are back where the library's values put them on loading.
+        for (auto [knob, initial] : turned)
+            EXPECT_NEAR(Shown(*knob), initial, 1e-4);
+        for (auto [combo, initial] : chosen)
+            EXPECT_EQ(combo->currentIndex(), initial);
     }
 }
 
-TEST_F(SlotPanelTest, APhonemeArrivesAsItsPositionAndDefaultsMovePitchKnobsBackWithNoSecondEvent)
+TEST_F(SlotPanelTest, ANumberBeyondTheRangeTypedInAReadOutChangesNothing)
+{
+    struct Case {
+        int type;
+        int id;
+        const char* typed;
+        ALenum token;
+        bool integer;
+    };
+    for (const Case& c : {Case{1, 1023, "25", AL_EAXREVERB_DECAY_TIME, false}, Case{5, 1099, "200", AL_CHORUS_PHASE, true}}) {
+        SCOPED_TRACE(c.typed);
+        Load(c.type);
+        FXS_EffectPanel& effect = *panel->EffectPanel;
+        int row = 0;
+        while (effect.Table().knobs[row].id != c.id)
+            ++row;
+        CDecimalDisplay& display = effect.Display(row);
+        const double before = Shown(effect.Knob(row));
+        const int frame = effect.Knob(row).Position();
+        const double engine = c.integer ? EffectInt(c.token) : EffectFloat(c.token);
+        QTest::keyClick(&display, Qt::Key_Space);
+        ASSERT_TRUE(display.Edit()->isVisible());
+        display.Edit()->selectAll();
+        QTest::keyClicks(display.Edit(), c.typed);
+        QTest::keyClick(display.Edit(), Qt::Key_Return);
+        EXPECT_FALSE(display.Edit()->isVisible());
+        EXPECT_DOUBLE_EQ(Shown(effect.Knob(row)), before);
+        EXPECT_EQ(effect.Knob(row).Position(), frame);
+        EXPECT_DOUBLE_EQ(c.integer ? EffectInt(c.token) : EffectFloat(c.token), engine);
+    }
+}
+
+TEST_F(SlotPanelTest, APhonemeChosenInItsBoxArrivesAsItsPosition)
 {
     if (!Takes(10))
         GTEST_SKIP() << "this OpenAL Soft has no vocal morpher";

@@ -142,6 +142,8 @@ TEST(MainDialog, CreateSlotShowsTheSlotPanelWithItsVolumeAtTheEnginesGainAndNoEf
         EXPECT_FLOAT_EQ(BridgeTables().SlotGainValues[0]->Value, 1.0f);
         EXPECT_EQ(panel->EffectList->currentIndex(), 0);
         EXPECT_EQ(panel->EffectPanel, nullptr);
+        for (int slot = 0; slot < 4; ++slot)
+            EXPECT_EQ(SlotButton(dialog, slot)->accessibleName(), QStringLiteral("Slot %1").arg(slot));
         // The placeholder 0.77 of the volume knob never reached the engine.
         auto getSlotf = reinterpret_cast<LPALGETAUXILIARYEFFECTSLOTF>(alGetProcAddress("alGetAuxiliaryEffectSlotf"));
         float gain = -1;
