@@ -1,0 +1,124 @@
+// Times two things a user does in a slot panel, each to the moment its picture is on screen:
+//   (a) "Load", alternating the EAX reverb and the chorus in one slot: the old effect panel goes,
+//       the new one and (for the reverb) the panner are made and bound, the engine's values are
+//       written back, and the slot panel is painted and flushed to the window system;
+//   (b) "Defaults" of the EAX reverb: the engine's defaults, the write-back of its 26 values, and
+//       every knob and read-out that changed repainted and flushed.
+// Prints the median of several rounds of each, in milliseconds.
+
+#include "controls/ControlId.h"
+#include "controls/ControlResources.h"
+#include "engine/EFX_Factory.h"
+#include "panels/EffectPanelTables.h"
+#include "panels/FXS_EffectPanel.h"
+#include "panels/FXS_Panel.h"
+#include "controls/CDecimalDisplay.h"
+#include "controls/CPot.h"
+#include "values/BridgeTables.h"
+#include "values/UI_EFX_Bridge.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr int kRounds = 21;
+
+double Median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+double MillisecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    ChoosePlatformOptions();
+    QApplication application(argc, argv);
+    InitControlResources();
+    EFX_Factory::SelectDevice("");
+    UI_EFX_Bridge bridge;
+    if (!bridge.InitializeEngine(3, 0, 4) || bridge.CreateSlot() != 0) {
+        std::fprintf(stderr, "bench_panels: no EFX device\n");
+        return 1;
+    }
+    QWidget frame;
+    frame.setFixedSize(628, 568);
+    frame.show();
+    if (!QTest::qWaitForWindowExposed(&frame))
+        return 1;
+    bridge.SetCallbacksEnabled(0);
+    auto* panel = new FXS_Panel(&frame);
+    panel->SetSlot(0);
+    panel->InitDialog();
+    panel->show();
+    bridge.SetSlotPanel(0, panel);
+    bridge.SetCallbacksEnabled(1);
+    auto* load = FindControlAs<QPushButton>(panel, 1002);
+
+    // (a) Load, alternating the two effects; the frame is painted and flushed before the clock stops.
+    std::vector<double> loads;
+    for (int round = 0; round < 2 * kRounds + 2; ++round) {
+        panel->EffectList->setCurrentIndex(round % 2 ? 5 : 1);
+        const auto start = Clock::now();
+        load->click();
+        frame.repaint();
+        if (round >= 2)
+            loads.push_back(MillisecondsSince(start));
+    }
+
+    // (b) Defaults of the EAX reverb after its values were moved away from them.
+    panel->EffectList->setCurrentIndex(1);
+    load->click();
+    auto* defaults = FindControlAs<QPushButton>(panel->EffectPanel, panel->EffectPanel->Table().defaultsId);
+    struct PaintCounter : QObject {
+        int paints = 0;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            paints += event->type() == QEvent::Paint;
+            return false;
+        }
+    } counter;
+    for (int r = 0; r < panel->EffectPanel->KnobCount(); ++r) {
+        panel->EffectPanel->Knob(r).installEventFilter(&counter);
+        panel->EffectPanel->Display(r).installEventFilter(&counter);
+    }
+    std::vector<double> resets;
+    for (int round = 0; round < kRounds; ++round) {
+        for (int p = 0; p < 6; ++p)
+            BridgeTables().ReverbValues[0][p]->SetValue(0.5);
+        QApplication::processEvents();
+        const auto start = Clock::now();
+        defaults->click();
+        // Every knob and read-out painted and flushed.
+        FXS_EffectPanel& effect = *panel->EffectPanel;
+        for (int r = 0; r < effect.KnobCount(); ++r) {
+            effect.Knob(r).repaint();
+            effect.Display(r).repaint();
+        }
+        resets.push_back(MillisecondsSince(start));
+    }
+
+    std::printf("slot panel at work, median of %d rounds\n", kRounds);
+    std::printf("  (a) Load, EAX reverb and chorus in turn, to the frame on screen: %7.2f ms (aim: under 30)\n",
+                Median(loads));
+    std::printf("  (b) EAX reverb Defaults, 26 knobs and read-outs repainted:     %7.2f ms (aim: under 3)\n",
+                Median(resets));
+    std::printf("      knobs and read-outs painted per Defaults: %.1f\n", double(counter.paints) / kRounds);
+    delete panel;
+    return 0;
+}
