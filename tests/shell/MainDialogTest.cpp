@@ -2,6 +2,7 @@
 #include "engine/EFX_Factory.h"
 #include "engine/ProcAddress.h"
 #include "panels/FXS_Panel.h"
+#include "reverbview/FXPanner.h"
 #include "resources/ResourceIds.h"
 #include "shell/CConsoleList.h"
 #include "shell/CSonopticApp.h"
@@ -149,6 +150,14 @@ TEST(MainDialog, CreateSlotShowsTheSlotPanelWithItsVolumeAtTheEnginesGainAndNoEf
         float gain = -1;
         getSlotf(EFX_Factory::GetEffectSlotId(0), AL_EFFECTSLOT_GAIN, &gain);
         EXPECT_FLOAT_EQ(gain, 1.0f);
+
+        // The dialog then closes with the slot panel, the reverb's panel, its panner and the response
+        // window all open: they go in order, with nothing left behind.
+        panel->EffectList->setCurrentIndex(1);
+        FindControlAs<QPushButton>(panel, res::IDC_LOAD_EFFECT)->click();
+        ASSERT_NE(panel->ReverbPanner, nullptr);
+        FindControlAs<QPushButton>(panel->ReverbPanner, res::IDC_SHOW_RESPONSE_WINDOW)->click();
+        EXPECT_NE(UI_EFX_Bridge::GetInstance()->GetResponseWindow(), nullptr);
     });
 }
 
