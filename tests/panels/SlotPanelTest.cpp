@@ -153,6 +153,9 @@ TEST_F(SlotPanelTest, EveryEffectPanelShowsTheEnginesValuesAndItsControlsReachTh
         ASSERT_NE(panel->EffectPanel, nullptr);
         FXS_EffectPanel& effect = *panel->EffectPanel;
         EXPECT_EQ(effect.Table().type, type);
+        // It fits beside the slot's box within the main window's slot frame, 628 x 568.
+        EXPECT_LE(effect.geometry().right(), 628 - 2) << effect.geometry().right();
+        EXPECT_LE(effect.geometry().bottom(), 568 - 2) << effect.geometry().bottom();
         for (int r = 0; r < effect.KnobCount(); ++r) {
             const double shown = Shown(effect.Knob(r));
             for (double placeholder : {0.77, 7.77, 777.0, 77.77, 777.7, 7777.0, 77.0, 0.077, 0.8977})
