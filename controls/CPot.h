@@ -21,7 +21,7 @@ public:
     CPot();
     ~CPot() override;
 
-    // Before creation only; a drawing-mode flag that is neither 0 nor 1 becomes 0. The spec is not
+    // Before creation only; a drawing-mode flag that is neither 0 nor 1 becomes 0. The look is not
     // owned and must live as long as the knob.
     void SetSpec(const CPotSpec* spec);
     const CPotSpec* GetSpec() const { return m_spec; }
