@@ -67,10 +67,10 @@ int CellWidth(const char* label, const QFontMetrics& metrics, bool* twoLines)
     return std::max(kMinimumCell, best);
 }
 
-std::vector<Group> GroupKnobs(const EffectPanelTable& table, const QFontMetrics& metrics)
+std::vector<Group> GroupKnobs(std::span<const PanelKnob> knobs, const QFontMetrics& metrics)
 {
     std::vector<Group> groups;
-    for (const PanelKnob& knob : table.knobs) {
+    for (const PanelKnob& knob : knobs) {
         auto found = std::find_if(groups.begin(), groups.end(),
                                   [&](const Group& g) { return std::strcmp(g.name, knob.group) == 0; });
         if (found == groups.end()) {
@@ -160,26 +160,36 @@ void PlaceGroup(const Group& group, std::vector<ControlTemplate>& out)
 
 } // namespace
 
-EffectPanelLayout LayoutEffectPanel(const EffectPanelTable& table, int maxWidth, const QFontMetrics& captions)
+EffectPanelLayout LayoutKnobGroups(std::span<const PanelKnob> knobs, QPoint topLeft, int width,
+                                   const QFontMetrics& captions)
 {
     EffectPanelLayout layout;
-    std::vector<ControlTemplate>& out = layout.controls;
-    const int inner = maxWidth - 2 * kMargin;
-    std::vector<Group> groups = WrapUnboxed(GroupKnobs(table, captions), inner);
-    const std::vector<int> heights = FillRows(groups, inner);
-
-    int y = kTitleHeight + 2;
-    int right = 0;
+    std::vector<Group> groups = WrapUnboxed(GroupKnobs(knobs, captions), width);
+    const std::vector<int> heights = FillRows(groups, width);
+    int y = topLeft.y();
     std::vector<int> rowTop;
     for (int h : heights) {
         rowTop.push_back(y);
         y += h + kGap;
     }
+    int right = topLeft.x();
     for (Group& group : groups) {
-        group.place.moveTo(kMargin + group.place.left(), rowTop[group.place.top()]);
+        group.place.moveTo(topLeft.x() + group.place.left(), rowTop[group.place.top()]);
         right = std::max(right, group.place.right());
-        PlaceGroup(group, out);
+        PlaceGroup(group, layout.controls);
     }
+    layout.size = QSize(right, y);
+    return layout;
+}
+
+EffectPanelLayout LayoutEffectPanel(const EffectPanelTable& table, int maxWidth, const QFontMetrics& captions)
+{
+    EffectPanelLayout layout = LayoutKnobGroups(table.knobs, QPoint(kMargin, kTitleHeight + 2),
+                                                maxWidth - 2 * kMargin, captions);
+    std::vector<ControlTemplate>& out = layout.controls;
+    const int inner = maxWidth - 2 * kMargin;
+    int y = layout.size.height();
+    int right = layout.size.width();
 
     // The combo boxes, side by side under their labels.
     int x = kMargin + kGap;

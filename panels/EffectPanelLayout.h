@@ -4,10 +4,13 @@
 
 #include <QSize>
 
+#include <span>
+
 #include <vector>
 
 class QFontMetrics;
 struct EffectPanelTable;
+struct PanelKnob;
 
 // Where the controls of an effect panel go, worked out from its table: the knobs in their group
 // boxes, a heading over a run of knobs that shares one ("Pan"), a caption over each knob and the
@@ -20,6 +23,11 @@ struct EffectPanelLayout {
 };
 
 EffectPanelLayout LayoutEffectPanel(const EffectPanelTable& table, int maxWidth, const QFontMetrics& captions);
+
+// The knobs alone, in their boxes, filling rows of the given width from the top left corner. The
+// result's size reaches to the lowest and rightmost control.
+EffectPanelLayout LayoutKnobGroups(std::span<const PanelKnob> knobs, QPoint topLeft, int width,
+                                   const QFontMetrics& captions);
 
 // The knob's cell below its caption: the placeholder, where the knob stands, and the read-out
 // under it.
