@@ -10,6 +10,7 @@ constexpr int IDD_INITIALIZATION = 180;
 constexpr int IDD_ROUTER = 186;
 constexpr int IDD_MAIN = 192;
 constexpr int IDD_SLOT_PANEL = 142;
+constexpr int IDD_CONTEXT_LISTENER = 150;
 constexpr int IDD_REVERB_PANNER = 173;
 constexpr int IDD_REVERB_RESPONSE = 175;
 
@@ -74,6 +75,17 @@ constexpr int IDC_SEND_AUTO = 1011;
 constexpr int IDC_EFFECT_LIST_LABEL = 1292;
 constexpr int IDC_EFFECT_LIST = 1088;
 constexpr int IDC_LOAD_EFFECT = 1002;
+
+// Context and listener panel: its boxes, "Defaults", the context's state and its two buttons, and the
+// seven distance models from 1307 ("None") to 1313 ("Exponential Distance Clamped").
+constexpr int IDC_LISTENER_BOX = 1071;
+constexpr int IDC_CONTEXT_BOX = 1298;
+constexpr int IDC_DISTANCE_MODEL_BOX = 1302;
+constexpr int IDC_LISTENER_DEFAULTS = 1144;
+constexpr int IDC_CONTEXT_STATE = 1299;
+constexpr int IDC_SUSPEND_CONTEXT = 1300;
+constexpr int IDC_PROCESS_CONTEXT = 1301;
+constexpr int IDC_DISTANCE_MODEL_0 = 1307;
 
 // Reverb panner: the round view and the button that opens the response window.
 constexpr int IDC_PANNER_VIEW = 1160;

@@ -1,8 +1,9 @@
 // Saves a picture of the slot panel as the main window's slot frame shows it (628 x 568), once for
-// each effect type: "slot-<n>.png" in the folder given. Where the library refuses an effect, its
+// each effect type: "slot-<n>.png" in the folder given; and the listener's tab, "listener.png". Where the library refuses an effect, its
 // panel is made directly beside an empty slot, so that every panel can be looked at.
 #include "controls/ControlResources.h"
 #include "engine/EFX_Factory.h"
+#include "panels/ContextListener_Panel.h"
 #include "panels/EffectPanels.h"
 #include "panels/FXS_Panel.h"
 #include "values/UI_EFX_Bridge.h"
@@ -62,6 +63,20 @@ int main(int argc, char** argv)
         saved += frame.grab().save(QStringLiteral("%1/slot-%2.png").arg(folder).arg(type));
     }
     delete panel;
+
+    // The listener's tab, filled from the context.
+    bridge.SetCallbacksEnabled(0);
+    QWidget tab;
+    auto* listener = new ContextListener_Panel(&tab);
+    listener->InitDialog();
+    bridge.CreateContext();
+    bridge.RefreshContext();
+    bridge.SetCallbacksEnabled(1);
+    tab.resize(listener->size());
+    tab.show();
+    if (QTest::qWaitForWindowExposed(&tab))
+        saved += tab.grab().save(QStringLiteral("%1/listener.png").arg(folder));
+    delete listener;
     std::printf("%d pictures saved\n", saved);
-    return saved == kEffectTypes - 1 ? 0 : 1;
+    return saved == kEffectTypes ? 0 : 1;
 }
