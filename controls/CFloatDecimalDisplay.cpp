@@ -13,7 +13,9 @@ void CFixedFormatDecimalDisplay::PaintText(QPainter& painter)
         return;
     painter.setFont(ControlFont(Spec().font));
     painter.setPen(ControlColour(Spec().textColour));
-    painter.drawText(NumberRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, ValueText());
+    // Two pixels in from the edge, so that a minus sign reads as one.
+    painter.drawText(NumberRect().adjusted(2, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     ValueText());
 }
 
 void CFixedFormatDecimalDisplay::RedrawValue(double, double)

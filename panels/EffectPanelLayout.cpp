@@ -74,7 +74,7 @@ std::vector<Group> GroupKnobs(std::span<const PanelKnob> knobs, const QFontMetri
         auto found = std::find_if(groups.begin(), groups.end(),
                                   [&](const Group& g) { return std::strcmp(g.name, knob.group) == 0; });
         if (found == groups.end()) {
-            groups.push_back({knob.group, {}, {}, false, {}});
+            groups.push_back({knob.group, {}, {}, false, false, {}});
             found = groups.end() - 1;
         }
         found->knobs.push_back(&knob);
@@ -150,7 +150,7 @@ void PlaceGroup(const Group& group, std::vector<ControlTemplate>& out)
                 span += group.cellWidths[j];
             out.push_back({0, ControlKind::Caption, knob.heading, QRect(x, top, span, kHeadingHeight)});
         }
-        out.push_back({0, ControlKind::Caption, knob.label, QRect(x, cellTop, w, group.CaptionHeight())});
+        out.push_back({knob.captionId, ControlKind::Caption, knob.label, QRect(x, cellTop, w, group.CaptionHeight())});
         const QPoint corner(x + (w - kPlaceholderSize.width()) / 2, cellTop + group.CaptionHeight() + 2);
         // The placeholder carries the knob's caption as its name, which the knob and read-out take over.
         out.push_back({knob.id, ControlKind::Static, "", QRect(corner, kPlaceholderSize)});

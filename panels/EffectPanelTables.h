@@ -21,6 +21,7 @@ struct PanelKnob {
     int style;
     float first;
     bool isLong;
+    int captionId = 0; // the number of the caption over the knob, where code needs to find it
 };
 
 // One combo box; the position of an entry is the property's value.

@@ -11,6 +11,7 @@ constexpr int IDD_ROUTER = 186;
 constexpr int IDD_MAIN = 192;
 constexpr int IDD_SLOT_PANEL = 142;
 constexpr int IDD_CONTEXT_LISTENER = 150;
+constexpr int IDD_SOURCE = 152;
 constexpr int IDD_REVERB_PANNER = 173;
 constexpr int IDD_REVERB_RESPONSE = 175;
 
@@ -86,6 +87,22 @@ constexpr int IDC_CONTEXT_STATE = 1299;
 constexpr int IDC_SUSPEND_CONTEXT = 1300;
 constexpr int IDC_PROCESS_CONTEXT = 1301;
 constexpr int IDC_DISTANCE_MODEL_0 = 1307;
+
+// Source panel: playback, the flags, "Defaults", and each send's "Create", "Delete" and knob captions
+// (send n adds n to the first number).
+constexpr int IDC_SOURCE_PLAY = 1082;
+constexpr int IDC_SOURCE_STOP = 1083;
+constexpr int IDC_SOURCE_LOOP = 1084;
+constexpr int IDC_SOURCE_TO_FRONT = 1140;
+constexpr int IDC_SOURCE_DEFAULTS = 1146;
+constexpr int IDC_SOURCE_HEAD_RELATIVE = 1067;
+constexpr int IDC_SOURCE_DIRECT_HF_AUTO = 1064;
+constexpr int IDC_SOURCE_AUTO = 1065;
+constexpr int IDC_SOURCE_HF_AUTO = 1066;
+constexpr int IDC_SEND_CREATE_0 = 1331;
+constexpr int IDC_SEND_DELETE_0 = 1335;
+constexpr int IDC_SEND_GAIN_LABEL_0 = 1339;
+constexpr int IDC_SEND_GAINHF_LABEL_0 = 1343;
 
 // Reverb panner: the round view and the button that opens the response window.
 constexpr int IDC_PANNER_VIEW = 1160;

@@ -1,18 +1,25 @@
 // Saves a picture of the slot panel as the main window's slot frame shows it (628 x 568), once for
-// each effect type: "slot-<n>.png" in the folder given; and the listener's tab, "listener.png". Where the library refuses an effect, its
+// each effect type: "slot-<n>.png" in the folder given; then the listener's tab, "listener.png", and a
+// source's tab with two sends routed, "source.png". Where the library refuses an effect, its
 // panel is made directly beside an empty slot, so that every panel can be looked at.
+#include "controls/ControlId.h"
 #include "controls/ControlResources.h"
 #include "engine/EFX_Factory.h"
 #include "panels/ContextListener_Panel.h"
 #include "panels/EffectPanels.h"
 #include "panels/FXS_Panel.h"
+#include "panels/Source3D_Panel.h"
 #include "values/UI_EFX_Bridge.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QTest>
 
+#include <cstdint>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 int main(int argc, char** argv)
 {
@@ -77,6 +84,43 @@ int main(int argc, char** argv)
     if (QTest::qWaitForWindowExposed(&tab))
         saved += tab.grab().save(QStringLiteral("%1/listener.png").arg(folder));
     delete listener;
+
+    // A source's tab, with its sends 0 and 1 created and routed to slots 0 and 1.
+    const std::string tone = (folder + "/tone.wav").toStdString();
+    {
+        // A short mono tone of 16-bit samples at 22050 Hz.
+        std::vector<unsigned char> wav = {'R', 'I', 'F', 'F', 0, 0, 0, 0, 'W', 'A', 'V', 'E', 'f', 'm', 't', ' ', 16, 0, 0, 0,
+                                          1, 0, 1, 0, 0x22, 0x56, 0, 0, 0x44, 0xAC, 0, 0, 2, 0, 16, 0, 'd', 'a', 't', 'a',
+                                          0, 0x10, 0, 0};
+        wav.resize(wav.size() + 4096, 0);
+        const std::uint32_t riff = static_cast<std::uint32_t>(wav.size() - 8);
+        for (int i = 0; i < 4; ++i)
+            wav[4 + i] = static_cast<unsigned char>(riff >> (8 * i));
+        if (std::FILE* file = std::fopen(tone.c_str(), "wb")) {
+            std::fwrite(wav.data(), 1, wav.size(), file);
+            std::fclose(file);
+        }
+    }
+    bridge.CreateSlot();
+    if (bridge.GetAutoPlay())
+        bridge.ToggleAutoPlay();
+    if (bridge.CreateSource(tone.c_str())) {
+        QWidget sourceTab;
+        bridge.SetCallbacksEnabled(0);
+        auto* source = new Source3D_Panel(&sourceTab, 0);
+        source->InitDialog();
+        bridge.SetSourceToFront(0);
+        bridge.RefreshSource(0);
+        bridge.SetCallbacksEnabled(1);
+        source->OnCreateSend(0);
+        source->OnCreateSend(1);
+        qobject_cast<QAbstractButton*>(FindControl(source, Source3D_Panel::RouteId(1, 2)))->click();
+        sourceTab.resize(source->size());
+        sourceTab.show();
+        if (QTest::qWaitForWindowExposed(&sourceTab))
+            saved += sourceTab.grab().save(QStringLiteral("%1/source.png").arg(folder));
+        delete source;
+    }
     std::printf("%d pictures saved\n", saved);
-    return saved == kEffectTypes ? 0 : 1;
+    return saved == kEffectTypes + 1 ? 0 : 1;
 }
