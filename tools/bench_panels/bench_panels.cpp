@@ -12,6 +12,7 @@
 #include "panels/EffectPanelTables.h"
 #include "panels/FXS_EffectPanel.h"
 #include "panels/FXS_Panel.h"
+#include "tools/LiveSlot.h"
 #include "controls/CDecimalDisplay.h"
 #include "controls/CPot.h"
 #include "values/BridgeTables.h"
@@ -50,24 +51,13 @@ int main(int argc, char** argv)
     ChoosePlatformOptions();
     QApplication application(argc, argv);
     InitControlResources();
-    EFX_Factory::SelectDevice("");
     UI_EFX_Bridge bridge;
-    if (!bridge.InitializeEngine(3, 0, 4) || bridge.CreateSlot() != 0) {
-        std::fprintf(stderr, "bench_panels: no EFX device\n");
+    if (!tool_support::StartEngineWithSlot(bridge, "bench_panels"))
         return 1;
-    }
     QWidget frame;
-    frame.setFixedSize(628, 568);
-    frame.show();
-    if (!QTest::qWaitForWindowExposed(&frame))
+    FXS_Panel* panel = tool_support::MakeSlotPanel(bridge, frame);
+    if (!panel)
         return 1;
-    bridge.SetCallbacksEnabled(0);
-    auto* panel = new FXS_Panel(&frame);
-    panel->SetSlot(0);
-    panel->InitDialog();
-    panel->show();
-    bridge.SetSlotPanel(0, panel);
-    bridge.SetCallbacksEnabled(1);
     auto* load = FindControlAs<QPushButton>(panel, 1002);
 
     // (a) Load, alternating the two effects; the frame is painted and flushed before the clock stops.

@@ -8,6 +8,7 @@
 #include "panels/ContextListener_Panel.h"
 #include "panels/EffectPanels.h"
 #include "panels/FXS_Panel.h"
+#include "tools/LiveSlot.h"
 #include "panels/Source3D_Panel.h"
 #include "values/UI_EFX_Bridge.h"
 
@@ -26,25 +27,13 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral(".");
     InitControlResources();
-    EFX_Factory::SelectDevice("");
     UI_EFX_Bridge bridge;
-    if (!bridge.InitializeEngine(3, 0, 4) || bridge.CreateSlot() != 0) {
-        std::fprintf(stderr, "panel_shots: no EFX device\n");
+    if (!tool_support::StartEngineWithSlot(bridge, "panel_shots"))
         return 1;
-    }
     QWidget frame;
-    frame.setFixedSize(628, 568);
-    frame.show();
-    if (!QTest::qWaitForWindowExposed(&frame))
+    FXS_Panel* panel = tool_support::MakeSlotPanel(bridge, frame);
+    if (!panel)
         return 1;
-    bridge.SetCallbacksEnabled(0);
-    auto* panel = new FXS_Panel(&frame);
-    panel->SetSlot(0);
-    panel->InitDialog();
-    panel->move(2, 2);
-    panel->show();
-    bridge.SetSlotPanel(0, panel);
-    bridge.SetCallbacksEnabled(1);
 
     int saved = 0;
     for (int type = 1; type < kEffectTypes; ++type) {
