@@ -10,6 +10,7 @@ constexpr int IDD_INITIALIZATION = 180;
 constexpr int IDD_ROUTER = 186;
 constexpr int IDD_MAIN = 192;
 constexpr int IDD_SLOT_PANEL = 142;
+constexpr int IDD_CONTEXT_SOURCE = 147;
 constexpr int IDD_CONTEXT_LISTENER = 150;
 constexpr int IDD_SOURCE = 152;
 constexpr int IDD_REVERB_PANNER = 173;
@@ -57,6 +58,19 @@ constexpr int IDC_SLOT_BUTTON_0 = 1002; // 1002 to 1005
 constexpr int IDC_CREATE_SLOT = 1335;
 constexpr int IDC_SLOT_PANEL_MARKER = 1010;
 constexpr int IDC_CONSOLE = 1011;
+
+// The context/source window: its tab strip, and the entries of its menu 151 of its own.
+constexpr int IDC_CONTEXT_SOURCE_TABS = 1057;
+constexpr int IDR_CONTEXT_SOURCE_MENU = 151;
+constexpr int ID_CS_ADD_SOURCE = 32775;
+constexpr int ID_CS_DELETE_SOURCE = 32798;
+constexpr int ID_CS_LOAD_FILE = 32813;
+constexpr int ID_CS_AUTOPLAY = 32795;
+constexpr int ID_CS_STOP_ALL = 32796;
+constexpr int ID_CS_START_ALL = 32797;
+constexpr int ID_CS_POSITION_WINDOW = 32809;
+constexpr int ID_CS_SUSPEND = 32807;
+constexpr int ID_CS_PROCESS = 32808;
 
 // Menu 146 of the main dialog, and the entries shared with the context/source window.
 constexpr int IDR_MAIN_MENU = 146;

@@ -7,6 +7,7 @@
 #include "panels/FXS_Panel.h"
 #include "shell/CAboutDlg.h"
 #include "shell/CConsoleList.h"
+#include "shell/CEFXListSrcDlg.h"
 #include "values/UI_EFX_Bridge.h"
 
 #include <QKeyEvent>
@@ -222,13 +223,18 @@ void CSonopticDlg::OnCreateSlot()
 
 void CSonopticDlg::ShowContextWindow()
 {
-    if (m_contextWindow)
-        m_contextWindow->show();
+    // Made at the first need; its opening makes the OpenAL context object. Closing it only hides it.
+    if (!m_contextWindow) {
+        m_contextWindow = new CEFXListSrcDlg(this);
+        m_contextWindow->InitDialog();
+    }
+    m_contextWindow->show();
 }
 
 void CSonopticDlg::AddSource()
 {
     ShowContextWindow();
+    m_contextWindow->AddSource();
 }
 
 // The position window and the effect file browser are made here on first demand once they exist;

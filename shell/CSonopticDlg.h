@@ -9,6 +9,7 @@
 #include <array>
 
 class CConsoleList;
+class CEFXListSrcDlg;
 class QAction;
 class QPushButton;
 class UI_EFX_Bridge;
@@ -54,7 +55,7 @@ private:
     std::array<QPushButton*, 4> m_slotButton{};
     // The slot panels, by slot number, null until made.
     std::array<QWidget*, 4> m_slotPanel{};
-    QWidget* m_contextWindow = nullptr;
+    CEFXListSrcDlg* m_contextWindow = nullptr;
     QWidget* m_client = nullptr;
     std::array<QAction*, std::size(main_dialog::kMenu)> m_actions{};
 };

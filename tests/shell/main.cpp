@@ -1,3 +1,5 @@
+#include "controls/AccessibleValue.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -7,6 +9,7 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationDisplayName("Sonoptic");
+    InstallAccessibleValueFactory();
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

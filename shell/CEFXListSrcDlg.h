@@ -1,0 +1,68 @@
+#pragma once
+
+#include "controls/CDialog.h"
+#include "values/BridgeWindows.h"
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+
+class CXTabCtrl;
+class ContextListener_Panel;
+class QAction;
+class Source3D_Panel;
+
+// The window that gathers the listener and every source: one tab for the context and listener, then
+// one tab a source, captioned with its file's name. Its opening brings the OpenAL context object into
+// being. It has no OK or Cancel; closing it hides it, and it lives until the main dialog goes.
+class CEFXListSrcDlg : public CDialog, public BridgeContextSourceDialog {
+public:
+    static constexpr int kMaxSources = 128;
+
+    explicit CEFXListSrcDlg(QWidget* parent);
+    ~CEFXListSrcDlg() override;
+
+    // Asks for a WAV file and adds its source; nothing once there are 128.
+    void AddSource();
+    // What AddSource does once the file is chosen: title is the tab's caption.
+    void AddSourceFile(const QString& path, const QString& title);
+    // Deletes the source of the selected tab; nothing on the context tab.
+    void DeleteSource();
+    // Asks for a WAV file for the source of the selected tab.
+    void LoadFileForSource();
+    void LoadFileForSourceFrom(const QString& path, const QString& title);
+
+    void SetAutoPlayCheck(int flag) override;
+    void OnContextValue(int value) override;
+
+    CXTabCtrl* Tabs() const { return m_tabs; }
+    ContextListener_Panel* ContextPanel() const { return m_contextPanel; }
+    Source3D_Panel* SourcePanel(int index) const { return index >= 0 && index < kMaxSources ? m_sourcePanel[index] : nullptr; }
+    int SourceCount() const { return m_sourceCount; }
+    QAction* MenuAction(int id) const;
+
+    struct TabInfo {
+        QWidget* panel = nullptr;
+        std::int32_t type = 0; // 0 the context panel, 1 a source panel
+        std::int32_t sourceIndex = -1;
+    };
+
+protected:
+    void OnInitDialog() override;
+
+private:
+    void BuildMenuBar();
+    // The file the user picks, with its name alone; false on cancel.
+    bool AskForFile(QString& path, QString& title);
+
+    CXTabCtrl* m_tabs = nullptr;
+    QWidget* m_content = nullptr;
+    ContextListener_Panel* m_contextPanel = nullptr;
+    std::array<Source3D_Panel*, kMaxSources> m_sourcePanel{};
+    std::array<TabInfo, kMaxSources + 1> m_tabInfo{};
+    std::int32_t m_sourceCount = 0;
+    std::int32_t m_tabCount = 0;
+    QString m_folder; // the file dialog's folder, kept between calls
+    std::array<QAction*, 9> m_actions{};
+};

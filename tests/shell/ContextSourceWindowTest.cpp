@@ -1,0 +1,132 @@
+// The context/source window over a live engine: its opening makes the context, sources come and go as
+// tabs named by their files, the panels keep speaking to the right source after a delete, and the
+// commands that cannot act say so or do nothing.
+#include "tests/values/BridgeTestSupport.h"
+
+#include "controls/CPot.h"
+#include "controls/CXTabCtrl.h"
+#include "panels/Source3D_Panel.h"
+#include "resources/ResourceIds.h"
+#include "shell/CEFXListSrcDlg.h"
+
+#include <QAccessible>
+#include <QAccessibleValueInterface>
+#include <QAction>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+#include <string>
+
+using bridge_test::SourcePeek;
+
+namespace {
+
+// Runs action, reads the message box it opens and presses OK; empty if none opened.
+std::string MessageOf(const std::function<void()>& action)
+{
+    std::string text;
+    QTimer::singleShot(100, [&text] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            text = box->text().toStdString();
+            box->accept();
+        }
+    });
+    action();
+    QTest::qWait(150);
+    return text;
+}
+
+class ContextSourceWindowTest : public bridge_test::BridgeTest {
+protected:
+    void SetUp() override
+    {
+        BridgeTest::SetUp();
+        window = std::make_unique<CEFXListSrcDlg>(nullptr);
+        window->InitDialog();
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    }
+
+    void TearDown() override
+    {
+        window.reset();
+        BridgeTest::TearDown();
+    }
+
+    void Add(const char* title)
+    {
+        const std::string path = scratch.File(title);
+        engine_test::WriteFile(path, engine_test::SmallMonoWave(2048));
+        window->AddSourceFile(QString::fromLocal8Bit(path.c_str()), QString::fromLatin1(title));
+    }
+    QString Caption(int tab) { return window->Tabs()->tabText(tab); }
+
+    std::unique_ptr<CEFXListSrcDlg> window;
+};
+
+TEST_F(ContextSourceWindowTest, OpeningMakesTheContextAndTheAutoPlayEntryFollowsTheBridge)
+{
+    EXPECT_NE(bridge->GetContext(), nullptr);
+    EXPECT_EQ(Caption(0), "Context/Listener");
+    QAction* autoPlay = window->MenuAction(res::ID_CS_AUTOPLAY);
+    ASSERT_NE(autoPlay, nullptr);
+    EXPECT_EQ(autoPlay->isChecked(), bridge->GetAutoPlay() != 0);
+    autoPlay->trigger();
+    EXPECT_EQ(autoPlay->isChecked(), bridge->GetAutoPlay() != 0);
+    EXPECT_EQ(window->windowTitle(), "Sonoptic: Context / Source properties");
+}
+
+TEST_F(ContextSourceWindowTest, SourcesComeAsTabsInFrontAndADeleteRenumbersTheLaterPanels)
+{
+    for (const char* title : {"one.wav", "two.wav", "three.wav"})
+        Add(title);
+    ASSERT_EQ(window->SourceCount(), 3);
+    EXPECT_EQ(window->Tabs()->currentIndex(), 3);
+    EXPECT_FLOAT_EQ(BridgeTables().SourceValues[2][6]->Value, -1.0f); // in front of the listener
+
+    // Deleting the first: captions stay in order, the third panel now speaks to source 1.
+    window->Tabs()->SelectTabForced(1);
+    window->DeleteSource();
+    EXPECT_EQ(window->SourceCount(), 2);
+    EXPECT_EQ(Caption(1), "two.wav");
+    EXPECT_EQ(Caption(2), "three.wav");
+    Source3D_Panel* third = window->SourcePanel(1);
+    ASSERT_NE(third, nullptr);
+    EXPECT_EQ(third->SourceIndex, 1);
+    QAccessible::queryAccessibleInterface(&third->Knob(4))->valueInterface()->setCurrentValue(20.0);
+    float position[3] = {};
+    alGetSourcefv(SourcePeek::Source(bridge->GetSource(1)), AL_POSITION, position);
+    EXPECT_GT(position[0], 19.0f);
+    EXPECT_EQ(BridgeTables().SourceValues[1][4]->Index, 1);
+
+    // Deleting the last tab's source selects the tab before it; the context tab cannot be deleted.
+    window->Tabs()->SelectTabForced(2);
+    window->DeleteSource();
+    EXPECT_EQ(window->Tabs()->currentIndex(), 1);
+    window->Tabs()->SelectTabForced(0);
+    window->DeleteSource();
+    EXPECT_EQ(window->SourceCount(), 1);
+}
+
+TEST_F(ContextSourceWindowTest, FilesThatCannotBeReadSayWhatTheyShouldAndChangeNothingElse)
+{
+    const std::string text = scratch.File("notes.wav");
+    engine_test::WriteFile(text, std::vector<unsigned char>{'h', 'e', 'l', 'l', 'o'});
+    EXPECT_EQ(MessageOf([&] { window->AddSourceFile(QString::fromLocal8Bit(text.c_str()), "notes.wav"); }),
+              "Error loading sound file, 3D source not created");
+    EXPECT_EQ(window->SourceCount(), 0);
+    EXPECT_EQ(window->Tabs()->count(), 1);
+
+    EXPECT_EQ(MessageOf([&] { window->LoadFileForSource(); }), "Please select a source panel first.");
+
+    Add("tone.wav");
+    console.lines.clear();
+    EXPECT_EQ(MessageOf([&] { window->LoadFileForSourceFrom(QString::fromLocal8Bit(text.c_str()), "notes.wav"); }), "");
+    EXPECT_FALSE(console.lines.empty());
+    EXPECT_EQ(Caption(1), "tone.wav");
+}
+
+} // namespace
