@@ -12,7 +12,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -57,14 +60,102 @@ CEFXListSrcDlg::CEFXListSrcDlg(QWidget* parent)
     setWindowTitle(QStringLiteral("Sonoptic: Context / Source properties"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_content = new QWidget(this);
+    // The content keeps its 600 pixels; the viewport shows what the window's height allows, and the
+    // scroll bar on its right moves the content.
+    m_viewport = new QWidget(this);
+    layout->addWidget(m_viewport);
+    m_content = new QWidget(m_viewport);
     m_content->setFixedSize(kContentWidth, kContentHeight);
-    layout->addWidget(m_content);
+    m_scrollBar = new QScrollBar(Qt::Vertical, m_viewport);
+    m_scrollBar->setSingleStep(1);
+    m_scrollBar->hide();
+    connect(m_scrollBar, &QScrollBar::actionTriggered, this, [this](int action) {
+        switch (action) {
+        case QAbstractSlider::SliderSingleStepSub: OnVScroll(LineUp, m_scrollBar->sliderPosition()); break;
+        case QAbstractSlider::SliderSingleStepAdd: OnVScroll(LineDown, m_scrollBar->sliderPosition()); break;
+        case QAbstractSlider::SliderMove: OnVScroll(ThumbTrack, m_scrollBar->sliderPosition()); break;
+        default: OnVScroll(Other, m_scrollBar->sliderPosition()); break;
+        }
+    });
     m_tabs = new CXTabCtrl(m_content);
     SetControlId(m_tabs, res::IDC_CONTEXT_SOURCE_TABS);
     m_tabs->setGeometry(0, 0, kContentWidth, 26);
     BuildMenuBar();
-    resize(kContentWidth, kContentHeight + 24);
+    resize(kContentWidth + 16, kContentHeight + 24);
+}
+
+void CEFXListSrcDlg::resizeEvent(QResizeEvent* event)
+{
+    CDialog::resizeEvent(event);
+    m_scrollBar->setGeometry(m_viewport->width() - 16, 0, 16, m_viewport->height());
+    OnSize(m_viewport->height());
+}
+
+void CEFXListSrcDlg::ScrollBy(int dy)
+{
+    m_content->move(0, m_content->y() + dy);
+}
+
+void CEFXListSrcDlg::OnSize(int height)
+{
+    ScrollState& s = m_scroll;
+    s.height = height;
+    const int hidden = kContentHeight - height;
+    if (s.offset < 0) {
+        m_scrollBar->show();
+        if (s.offset - height + kContentHeight > 0) {
+            m_scrollBar->setRange(0, hidden);
+            s.position = height;
+            const int dy = s.height - s.lastHeight;
+            ScrollBy(dy);
+            s.offset += dy;
+        } else {
+            m_scrollBar->setRange(0, std::max(hidden, 0));
+            m_scrollBar->setValue(m_scrollBar->maximum());
+        }
+    } else {
+        if (hidden > 0) {
+            m_scrollBar->show();
+            m_scrollBar->setRange(0, hidden);
+            m_scrollBar->setValue(0);
+            ScrollBy(s.offset);
+        } else {
+            ScrollBy(s.offset);
+            m_scrollBar->hide();
+        }
+        s.offset = 0;
+        s.position = 0;
+    }
+    s.lastHeight = s.height;
+}
+
+void CEFXListSrcDlg::OnVScroll(int code, int position)
+{
+    ScrollState& s = m_scroll;
+    switch (code) {
+    case LineUp:
+        if (s.position != 0) {
+            ScrollBy(1);
+            ++s.offset;
+            --s.position;
+        }
+        break;
+    case LineDown:
+        if (position < s.height) {
+            ScrollBy(-1);
+            --s.offset;
+            ++s.position;
+        }
+        break;
+    case ThumbPosition:
+    case ThumbTrack:
+        ScrollBy(s.position - position);
+        s.offset += s.position - position;
+        s.position = position;
+        break;
+    default:
+        break;
+    }
 }
 
 CEFXListSrcDlg::~CEFXListSrcDlg()

@@ -11,6 +11,7 @@
 class CXTabCtrl;
 class ContextListener_Panel;
 class QAction;
+class QScrollBar;
 class Source3D_Panel;
 
 // The window that gathers the listener and every source: one tab for the context and listener, then
@@ -41,6 +42,14 @@ public:
     Source3D_Panel* SourcePanel(int index) const { return index >= 0 && index < kMaxSources ? m_sourcePanel[index] : nullptr; }
     int SourceCount() const { return m_sourceCount; }
     QAction* MenuAction(int id) const;
+    QScrollBar* ScrollBar() const { return m_scrollBar; }
+    // The content's shift up, 0 or negative, in pixels.
+    int ContentOffset() const { return m_scroll.offset; }
+
+    // The window's scrolling, for a client height below the content's 600 pixels.
+    void OnSize(int height);
+    void OnVScroll(int code, int position);
+    enum ScrollCode { LineUp, LineDown, ThumbPosition, ThumbTrack, Other };
 
     struct TabInfo {
         QWidget* panel = nullptr;
@@ -50,6 +59,7 @@ public:
 
 protected:
     void OnInitDialog() override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void BuildMenuBar();
@@ -64,5 +74,14 @@ private:
     std::int32_t m_sourceCount = 0;
     std::int32_t m_tabCount = 0;
     QString m_folder; // the file dialog's folder, kept between calls
+    struct ScrollState {
+        int offset = 0;
+        int position = 0;
+        int lastHeight = 600;
+        int height = 600;
+    } m_scroll;
+    QWidget* m_viewport = nullptr;
+    QScrollBar* m_scrollBar = nullptr;
+    void ScrollBy(int dy);
     std::array<QAction*, 9> m_actions{};
 };

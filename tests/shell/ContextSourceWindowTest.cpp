@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -127,6 +128,33 @@ TEST_F(ContextSourceWindowTest, FilesThatCannotBeReadSayWhatTheyShouldAndChangeN
     EXPECT_EQ(MessageOf([&] { window->LoadFileForSourceFrom(QString::fromLocal8Bit(text.c_str()), "notes.wav"); }), "");
     EXPECT_FALSE(console.lines.empty());
     EXPECT_EQ(Caption(1), "tone.wav");
+}
+
+TEST_F(ContextSourceWindowTest, ALowWindowScrollsItsSixHundredPixelsAndAHighOneHasNoBar)
+{
+    // The menu bar takes the rest: the client under it is what counts.
+    const int menu = window->height() - window->ScrollBar()->parentWidget()->height();
+    window->resize(window->width(), 400 + menu);
+    QTest::qWait(50);
+    QScrollBar* bar = window->ScrollBar();
+    ASSERT_EQ(bar->parentWidget()->height(), 400);
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_EQ(bar->minimum(), 0);
+    EXPECT_EQ(bar->maximum(), 200);
+
+    // The thumb at the end shows the content's bottom row; an arrow moves it by one pixel.
+    bar->setSliderPosition(200);
+    EXPECT_EQ(window->ContentOffset(), -200);
+    bar->triggerAction(QAbstractSlider::SliderSingleStepSub);
+    EXPECT_EQ(window->ContentOffset(), -199);
+
+    // Back at the top, a window as high as its content or higher has no bar.
+    bar->setSliderPosition(0);
+    EXPECT_EQ(window->ContentOffset(), 0);
+    window->resize(window->width(), 700 + menu);
+    QTest::qWait(50);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(window->ContentOffset(), 0);
 }
 
 } // namespace
