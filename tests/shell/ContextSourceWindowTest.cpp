@@ -5,6 +5,7 @@
 
 #include "controls/CPot.h"
 #include "controls/CXTabCtrl.h"
+#include "controls/ControlId.h"
 #include "panels/Source3D_Panel.h"
 #include "resources/ResourceIds.h"
 #include "shell/CEFXListSrcDlg.h"
@@ -17,6 +18,8 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+
+#include <cstdlib>
 
 #include <memory>
 #include <string>
@@ -155,6 +158,53 @@ TEST_F(ContextSourceWindowTest, ALowWindowScrollsItsSixHundredPixelsAndAHighOneH
     QTest::qWait(50);
     EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(window->ContentOffset(), 0);
+}
+
+TEST_F(ContextSourceWindowTest, AHundredTwentyEightSourcesFitAndTheNextAddOpensNoDialog)
+{
+    const std::string path = scratch.File("tone.wav");
+    engine_test::WriteFile(path, engine_test::SmallMonoWave(256));
+    for (int i = 0; i < CEFXListSrcDlg::kMaxSources; ++i)
+        window->AddSourceFile(QString::fromLocal8Bit(path.c_str()), QStringLiteral("tone %1").arg(i));
+    ASSERT_EQ(window->SourceCount(), 128);
+    EXPECT_EQ(window->Tabs()->count(), 129);
+    // No file dialog, and nothing said.
+    QTimer::singleShot(200, [] {
+        if (QWidget* modal = QApplication::activeModalWidget())
+            modal->close();
+    });
+    EXPECT_EQ(MessageOf([&] { window->AddSource(); }), "");
+    EXPECT_EQ(window->SourceCount(), 128);
+}
+
+// Under a device of two sends, two slots and 64 sources.
+class ConfSmallDevice : public ContextSourceWindowTest {};
+
+TEST_F(ConfSmallDevice, TheDeviceLimitsSourcesSendsAndRoutes)
+{
+    if (!std::getenv("SONOPTIC_PROFILE_DIR"))
+        GTEST_SKIP() << "runs under its own OpenAL Soft configuration";
+    for (int i = 0; i < 64; ++i)
+        Add(("tone" + std::to_string(i) + ".wav").c_str());
+    ASSERT_EQ(window->SourceCount(), 64);
+    const std::string more = scratch.File("more.wav");
+    engine_test::WriteFile(more, engine_test::SmallMonoWave(256));
+    EXPECT_EQ(MessageOf([&] { window->AddSourceFile(QString::fromLocal8Bit(more.c_str()), "more.wav"); }),
+              "Error loading sound file, 3D source not created");
+    EXPECT_EQ(window->SourceCount(), 64);
+    window->DeleteSource();
+    window->AddSourceFile(QString::fromLocal8Bit(more.c_str()), "more.wav");
+    EXPECT_EQ(window->SourceCount(), 64);
+
+    // Two sends granted: sends 2 and 3 cannot be made. Two slots on the device: routes to 2 and 3 stay off.
+    Source3D_Panel* panel = window->SourcePanel(63);
+    ASSERT_NE(panel, nullptr);
+    EXPECT_FALSE(FindControl(panel, res::IDC_SEND_CREATE_0 + 2)->isEnabled());
+    EXPECT_FALSE(FindControl(panel, res::IDC_SEND_CREATE_0 + 3)->isEnabled());
+    panel->OnCreateSend(0);
+    const bool expected[Source3D_Panel::kRoutes] = {true, true, true, false, false};
+    for (int route = 0; route < Source3D_Panel::kRoutes; ++route)
+        EXPECT_EQ(FindControl(panel, Source3D_Panel::RouteId(0, route))->isEnabled(), expected[route]) << route;
 }
 
 } // namespace
