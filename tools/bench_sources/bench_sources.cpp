@@ -1,0 +1,91 @@
+// Adds 128 sources to the context/source window, the file given rather than picked, each with its
+// panel, its tab and its write-back, shown on screen; then deletes source 0 until one is left, each
+// delete renumbering the panels after it. Prints the median time of an add and of a delete.
+
+#include "controls/CXTabCtrl.h"
+#include "controls/ControlResources.h"
+#include "engine/EFX_Factory.h"
+#include "shell/CEFXListSrcDlg.h"
+#include "values/UI_EFX_Bridge.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double Median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// A mono 16-bit file of a quarter second at 22050 Hz.
+QString WriteTone()
+{
+    const QString path = QDir::temp().filePath(QStringLiteral("sonoptic-bench-tone.wav"));
+    const int samples = 22050 / 4;
+    QByteArray wav("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x22\x56\0\0\x44\xAC\0\0\x02\0\x10\0data", 40);
+    const quint32 data = samples * 2;
+    wav.append(reinterpret_cast<const char*>(&data), 4);
+    wav.append(QByteArray(static_cast<int>(data), '\0'));
+    const quint32 riff = static_cast<quint32>(wav.size() - 8);
+    wav.replace(4, 4, QByteArray(reinterpret_cast<const char*>(&riff), 4));
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(wav);
+    return path;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    ChoosePlatformOptions();
+    QApplication application(argc, argv);
+    InitControlResources();
+    EFX_Factory::SelectDevice("");
+    UI_EFX_Bridge bridge;
+    if (!bridge.InitializeEngine(3, 0, 4)) {
+        std::fprintf(stderr, "bench_sources: no EFX device\n");
+        return 1;
+    }
+    if (bridge.GetAutoPlay())
+        bridge.ToggleAutoPlay();
+    CEFXListSrcDlg window(nullptr);
+    window.InitDialog();
+    window.show();
+    if (!QTest::qWaitForWindowExposed(&window))
+        return 1;
+    const QString tone = WriteTone();
+
+    std::vector<double> adds;
+    for (int i = 0; i < CEFXListSrcDlg::kMaxSources; ++i) {
+        const auto start = Clock::now();
+        window.AddSourceFile(tone, QStringLiteral("tone %1.wav").arg(i));
+        window.repaint();
+        adds.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+    }
+    std::vector<double> deletes;
+    while (window.SourceCount() > 1) {
+        window.Tabs()->SelectTabForced(1);
+        const auto start = Clock::now();
+        window.DeleteSource();
+        window.repaint();
+        deletes.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+    }
+    std::printf("context/source window, 128 sources added, then source 0 deleted until one is left\n");
+    std::printf("  add (panel, tab, write-back, shown):   median %6.2f ms, slowest %6.2f ms (aim: under 30)\n",
+                Median(adds), *std::max_element(adds.begin(), adds.end()));
+    std::printf("  delete (with the later panels renumbered): median %6.2f ms, slowest %6.2f ms (aim: under 30)\n",
+                Median(deletes), *std::max_element(deletes.begin(), deletes.end()));
+    QFile::remove(tone);
+    return 0;
+}
