@@ -160,6 +160,29 @@ TEST_F(ContextSourceWindowTest, ALowWindowScrollsItsSixHundredPixelsAndAHighOneH
     EXPECT_EQ(window->ContentOffset(), 0);
 }
 
+TEST_F(ContextSourceWindowTest, AnAddedSourceIsSelectedAndPlaysLoopedOnlyWithAutoPlay)
+{
+    for (bool autoPlay : {true, false}) {
+        SCOPED_TRACE(autoPlay);
+        if ((bridge->GetAutoPlay() != 0) != autoPlay)
+            window->MenuAction(res::ID_CS_AUTOPLAY)->trigger();
+        EXPECT_EQ(window->MenuAction(res::ID_CS_AUTOPLAY)->isChecked(), autoPlay);
+        Add("picked.wav");
+        const int source = window->SourceCount() - 1;
+        ASSERT_GE(source, 0);
+        EXPECT_EQ(window->Tabs()->currentIndex(), source + 1);
+        EXPECT_EQ(Caption(source + 1), "picked.wav");
+        ALint state = 0;
+        ALint looping = 0;
+        alGetSourcei(SourcePeek::Source(bridge->GetSource(source)), AL_SOURCE_STATE, &state);
+        alGetSourcei(SourcePeek::Source(bridge->GetSource(source)), AL_LOOPING, &looping);
+        EXPECT_EQ(state == AL_PLAYING && looping == AL_TRUE, autoPlay);
+    }
+    // A change of the bridge's switch from elsewhere (the main window's menu) moves this check too.
+    bridge->ToggleAutoPlay();
+    EXPECT_TRUE(window->MenuAction(res::ID_CS_AUTOPLAY)->isChecked());
+}
+
 TEST_F(ContextSourceWindowTest, AHundredTwentyEightSourcesFitAndTheNextAddOpensNoDialog)
 {
     const std::string path = scratch.File("tone.wav");
