@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/AccessibleValue.h"
-#include "controls/CDecimalDisplaySpec.h"
+#include "controls/ReadoutLook.h"
 #include "controls/CDigitalDisplay.h"
 #include "controls/CTalmeButton.h"
 #include "values/CObservable.h"

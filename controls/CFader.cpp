@@ -1,7 +1,7 @@
 #include "controls/CFader.h"
 
 #include "controls/BitmapResource.h"
-#include "controls/CPotSpec.h"
+#include "controls/KnobLook.h"
 #include "controls/ControlGraphics.h"
 #include "controls/ControlId.h"
 #include "controls/FaderMapping.h"

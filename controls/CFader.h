@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/AccessibleValue.h"
-#include "controls/CFaderSpec.h"
+#include "controls/FaderLook.h"
 #include "values/CObservable.h"
 
 #include <QWidget>

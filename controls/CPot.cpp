@@ -2,7 +2,7 @@
 
 #include "controls/BitmapResource.h"
 #include "controls/CFader.h"
-#include "controls/CPotSpec.h"
+#include "controls/KnobLook.h"
 #include "controls/ControlId.h"
 #include "controls/FaderMapping.h"
 #include "values/CObservableNumber.h"

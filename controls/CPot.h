@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/AccessibleValue.h"
-#include "controls/CPotSpec.h"
+#include "controls/KnobLook.h"
 #include "values/CObservable.h"
 
 #include <QWidget>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/CDecimalDisplaySpec.h"
-#include "controls/CPotSpec.h"
+#include "controls/ReadoutLook.h"
+#include "controls/KnobLook.h"
 
 // The shared look records, filled once at start: four knob looks, which differ only in their strip
 // (136, 137, 139, 138), and the one record of every read-out under a knob. Controls point to them;
