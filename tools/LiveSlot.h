@@ -1,13 +1,15 @@
 #pragma once
 
-// What the tools that show a slot share: the engine started on the default device with slot 0
-// made, and that slot's panel made silently in a frame of the main window's slot size, as the main
-// window makes it. Header-only, for the tools that link the panels.
+// What the tools that show a slot or a source share: the engine started on the default device with
+// slot 0 made, that slot's panel made silently in a frame of the main window's slot size, as the main
+// window makes it, and a small WAV file to play. Header-only, for the tools that link the panels.
 
 #include "engine/EFX_Factory.h"
 #include "panels/FXS_Panel.h"
 #include "values/UI_EFX_Bridge.h"
 
+#include <QByteArray>
+#include <QFile>
 #include <QTest>
 #include <QWidget>
 
@@ -41,6 +43,20 @@ inline FXS_Panel* MakeSlotPanel(UI_EFX_Bridge& bridge, QWidget& frame)
     bridge.SetSlotPanel(0, panel);
     bridge.SetCallbacksEnabled(1);
     return panel;
+}
+
+// Writes a mono 16-bit WAV file of silence at 22050 Hz, a quarter second long, for a source to
+// play. False if the file cannot be written.
+inline bool WriteQuietTone(const QString& path)
+{
+    const quint32 data = 22050 / 4 * 2;
+    QByteArray wav("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x22\x56\0\0\x44\xAC\0\0\x02\0\x10\0data", 40);
+    wav.append(reinterpret_cast<const char*>(&data), 4);
+    wav.append(QByteArray(static_cast<int>(data), '\0'));
+    const quint32 riff = static_cast<quint32>(wav.size() - 8);
+    wav.replace(4, 4, QByteArray(reinterpret_cast<const char*>(&riff), 4));
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(wav) == wav.size();
 }
 
 } // namespace tool_support

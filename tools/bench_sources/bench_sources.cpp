@@ -6,6 +6,7 @@
 #include "controls/ControlResources.h"
 #include "engine/EFX_Factory.h"
 #include "shell/CEFXListSrcDlg.h"
+#include "tools/LiveSlot.h"
 #include "values/UI_EFX_Bridge.h"
 
 #include <QApplication>
@@ -25,23 +26,6 @@ double Median(std::vector<double> values)
 {
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
-}
-
-// A mono 16-bit file of a quarter second at 22050 Hz.
-QString WriteTone()
-{
-    const QString path = QDir::temp().filePath(QStringLiteral("sonoptic-bench-tone.wav"));
-    const int samples = 22050 / 4;
-    QByteArray wav("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x22\x56\0\0\x44\xAC\0\0\x02\0\x10\0data", 40);
-    const quint32 data = samples * 2;
-    wav.append(reinterpret_cast<const char*>(&data), 4);
-    wav.append(QByteArray(static_cast<int>(data), '\0'));
-    const quint32 riff = static_cast<quint32>(wav.size() - 8);
-    wav.replace(4, 4, QByteArray(reinterpret_cast<const char*>(&riff), 4));
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(wav);
-    return path;
 }
 
 } // namespace
@@ -64,7 +48,9 @@ int main(int argc, char** argv)
     window.show();
     if (!QTest::qWaitForWindowExposed(&window))
         return 1;
-    const QString tone = WriteTone();
+    const QString tone = QDir::temp().filePath(QStringLiteral("sonoptic-bench-tone.wav"));
+    if (!tool_support::WriteQuietTone(tone))
+        return 1;
 
     std::vector<double> adds;
     for (int i = 0; i < CEFXListSrcDlg::kMaxSources; ++i) {

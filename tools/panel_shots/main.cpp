@@ -17,10 +17,8 @@
 #include <QComboBox>
 #include <QTest>
 
-#include <cstdint>
 #include <cstdio>
 #include <string>
-#include <vector>
 
 int main(int argc, char** argv)
 {
@@ -75,21 +73,9 @@ int main(int argc, char** argv)
     delete listener;
 
     // A source's tab, with its sends 0 and 1 created and routed to slots 0 and 1.
-    const std::string tone = (folder + "/tone.wav").toStdString();
-    {
-        // A short mono tone of 16-bit samples at 22050 Hz.
-        std::vector<unsigned char> wav = {'R', 'I', 'F', 'F', 0, 0, 0, 0, 'W', 'A', 'V', 'E', 'f', 'm', 't', ' ', 16, 0, 0, 0,
-                                          1, 0, 1, 0, 0x22, 0x56, 0, 0, 0x44, 0xAC, 0, 0, 2, 0, 16, 0, 'd', 'a', 't', 'a',
-                                          0, 0x10, 0, 0};
-        wav.resize(wav.size() + 4096, 0);
-        const std::uint32_t riff = static_cast<std::uint32_t>(wav.size() - 8);
-        for (int i = 0; i < 4; ++i)
-            wav[4 + i] = static_cast<unsigned char>(riff >> (8 * i));
-        if (std::FILE* file = std::fopen(tone.c_str(), "wb")) {
-            std::fwrite(wav.data(), 1, wav.size(), file);
-            std::fclose(file);
-        }
-    }
+    const QString tonePath = folder + "/tone.wav";
+    tool_support::WriteQuietTone(tonePath);
+    const std::string tone = tonePath.toStdString();
     bridge.CreateSlot();
     if (bridge.GetAutoPlay())
         bridge.ToggleAutoPlay();
