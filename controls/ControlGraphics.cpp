@@ -102,11 +102,6 @@ void InitGraphics()
     g.ready = true;
 }
 
-bool GraphicsReady()
-{
-    return Shared().ready;
-}
-
 // Controls may be made before the start sequence ran (a test, a tool): the tables fill on first use.
 static Graphics& Ready()
 {

@@ -34,7 +34,6 @@ struct ControlFontRow {
 const ControlFontRow& ControlFontSpec(int index);
 
 void InitGraphics();
-bool GraphicsReady();
 
 // Pens, brushes and fonts by index; an index out of range gives entry 0.
 const QColor& ControlColour(int index);

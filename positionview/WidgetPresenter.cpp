@@ -66,7 +66,6 @@ bool WidgetPresenter::Present(const DScreenBuffer& buffer)
     if (!m_view || buffer.Memory != m_image.constBits())
         return false;
     m_shown = true;
-    ++m_presented;
     m_view->repaint();
     return true;
 }

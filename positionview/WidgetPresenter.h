@@ -29,7 +29,6 @@ public:
     void SetDisplayBitsPerPixel(std::int32_t bits) { m_forcedBits = bits; }
     // The picture now on the control.
     const QImage& Frame() const { return m_image; }
-    int FramesPresented() const { return m_presented; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,5 +38,4 @@ private:
     QImage m_image;
     bool m_shown = false; // a frame was presented since the buffer was made
     std::int32_t m_forcedBits = 0;
-    int m_presented = 0;
 };
