@@ -178,8 +178,14 @@ Source3D_Panel::Source3D_Panel(QWidget* parent, int sourceIndex)
     controls.push_back({196, ControlKind::Static, "", QRect(456, y + 40, 7, 25)});
     controls.push_back({0, ControlKind::Static, "OpenAL property", QRect(478, y + 44, 110, 18)});
     BuildDialog(this, "", QSize(kWidth, y + 72), controls.data(), static_cast<int>(controls.size()));
-    for (int id : {194, 195, 196})
-        FindControlAs<QLabel>(this, id)->setPixmap(LoadBitmapResource(id));
+    // The legend's swatches, named for a reader that cannot see their colour.
+    const char* const swatchNames[] = {"Green knob: EFX property", "Red-brown knob: EFX property",
+                                       "Grey knob: OpenAL property"};
+    for (int id : {194, 195, 196}) {
+        auto* swatch = FindControlAs<QLabel>(this, id);
+        swatch->setPixmap(LoadBitmapResource(id));
+        swatch->setAccessibleName(QString::fromLatin1(swatchNames[id - 194]));
+    }
     for (const SourceKnob& row : kKnobTable)
         FindControl(this, row.knob.id)->setAccessibleName(KnobName(row.knob));
 }

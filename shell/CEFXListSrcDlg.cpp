@@ -79,6 +79,7 @@ CEFXListSrcDlg::CEFXListSrcDlg(QWidget* parent)
     });
     m_tabs = new CXTabCtrl(m_content);
     SetControlId(m_tabs, res::IDC_CONTEXT_SOURCE_TABS);
+    m_tabs->setAccessibleName(QStringLiteral("Context and sources"));
     m_tabs->setGeometry(0, 0, kContentWidth, 26);
     BuildMenuBar();
     resize(kContentWidth + 16, kContentHeight + 24);
