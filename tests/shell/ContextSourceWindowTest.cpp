@@ -14,6 +14,11 @@
 #include <QAccessibleValueInterface>
 #include <QAction>
 #include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QMessageBox>
 #include <QScrollBar>
 #include <QTest>
@@ -23,6 +28,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 using bridge_test::SourcePeek;
 
@@ -41,6 +47,51 @@ std::string MessageOf(const std::function<void()>& action)
     action();
     QTest::qWait(150);
     return text;
+}
+
+// Answers the next file dialog as a user would: picks path, or cancels when path is empty. Returns the
+// dialog's title and folder so that the caller can check what the user was shown.
+struct FileDialogAnswer {
+    QString title;
+    QString folder;
+};
+
+FileDialogAnswer PickFile(QWidget* owner, const QString& path, const std::function<void()>& action)
+{
+    FileDialogAnswer seen;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* dialog = owner->findChild<QFileDialog*>();
+        if (!dialog || !dialog->isVisible())
+            return;
+        poll.stop();
+        seen = {dialog->windowTitle(), dialog->directory().absolutePath()};
+        if (path.isEmpty()) {
+            dialog->reject();
+            return;
+        }
+        // As a user does: the path typed into the name field, then Open.
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* buttons = dialog->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+        if (!name || !buttons || !buttons->button(QDialogButtonBox::Open)) {
+            ADD_FAILURE() << "the file dialog has no name field or no Open button";
+            dialog->reject();
+            return;
+        }
+        name->setText(path);
+        buttons->button(QDialogButtonBox::Open)->click();
+    });
+    poll.start(20);
+    // A dialog that never shows must not hold the run: whatever is modal after five seconds is closed.
+    QTimer guard;
+    guard.setSingleShot(true);
+    QObject::connect(&guard, &QTimer::timeout, [] {
+        if (QWidget* modal = QApplication::activeModalWidget())
+            modal->close();
+    });
+    guard.start(5000);
+    action();
+    return seen;
 }
 
 class ContextSourceWindowTest : public bridge_test::BridgeTest {
@@ -160,23 +211,40 @@ TEST_F(ContextSourceWindowTest, ALowWindowScrollsItsSixHundredPixelsAndAHighOneH
     EXPECT_EQ(window->ContentOffset(), 0);
 }
 
-TEST_F(ContextSourceWindowTest, AnAddedSourceIsSelectedAndPlaysLoopedOnlyWithAutoPlay)
+TEST_F(ContextSourceWindowTest, AFilePickedInTheDialogBecomesASelectedSourceThatPlaysOnlyWithAutoPlay)
 {
+    const std::string path = scratch.File("picked.wav");
+    engine_test::WriteFile(path, engine_test::SmallMonoWave(2048));
+    const QString picked = QString::fromLocal8Bit(path.c_str());
+
+    // A cancelled dialog changes nothing.
+    const FileDialogAnswer cancelled = PickFile(window.get(), QString(), [&] { window->AddSource(); });
+    EXPECT_EQ(cancelled.title, "Select sound file for 3D sound source");
+    EXPECT_EQ(window->SourceCount(), 0);
+    EXPECT_EQ(window->Tabs()->count(), 1);
+
     for (bool autoPlay : {true, false}) {
         SCOPED_TRACE(autoPlay);
         if ((bridge->GetAutoPlay() != 0) != autoPlay)
             window->MenuAction(res::ID_CS_AUTOPLAY)->trigger();
         EXPECT_EQ(window->MenuAction(res::ID_CS_AUTOPLAY)->isChecked(), autoPlay);
-        Add("picked.wav");
+        const FileDialogAnswer answer = PickFile(window.get(), picked, [&] { window->AddSource(); });
         const int source = window->SourceCount() - 1;
         ASSERT_GE(source, 0);
         EXPECT_EQ(window->Tabs()->currentIndex(), source + 1);
         EXPECT_EQ(Caption(source + 1), "picked.wav");
+        float position[3] = {1, 1, 1};
+        alGetSourcefv(SourcePeek::Source(bridge->GetSource(source)), AL_POSITION, position);
+        EXPECT_EQ(std::vector<float>(position, position + 3), (std::vector<float>{0, 0, -1}));
         ALint state = 0;
         ALint looping = 0;
         alGetSourcei(SourcePeek::Source(bridge->GetSource(source)), AL_SOURCE_STATE, &state);
         alGetSourcei(SourcePeek::Source(bridge->GetSource(source)), AL_LOOPING, &looping);
         EXPECT_EQ(state == AL_PLAYING && looping == AL_TRUE, autoPlay);
+        // The second dialog opens in the folder the first one was left in.
+        if (!autoPlay) {
+            EXPECT_EQ(answer.folder, QFileInfo(picked).absolutePath());
+        }
     }
     // A change of the bridge's switch from elsewhere (the main window's menu) moves this check too.
     bridge->ToggleAutoPlay();
