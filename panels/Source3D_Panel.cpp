@@ -17,6 +17,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace {
 
@@ -166,11 +169,19 @@ Source3D_Panel::Source3D_Panel(QWidget* parent, int sourceIndex)
     controls.push_back({res::IDC_SOURCE_TO_FRONT, ControlKind::Button, "Set to front", QRect(8, y + 32, 110, 26)});
     controls.push_back({res::IDC_SOURCE_DEFAULTS, ControlKind::Button, "Defaults", QRect(124, y + 32, 90, 26)});
     controls.push_back({kFlags[0].id, ControlKind::CheckBox, kFlags[0].caption, QRect(240, y, 130, 24)});
-    controls.push_back({0, ControlKind::GroupBox, "Auto", QRect(236, y + 26, 204, 40)});
-    static constexpr int kFlagX[] = {0, 244, 326, 380};
-    static constexpr int kFlagWidth[] = {0, 80, 54, 60};
+    // The three "Auto" flags side by side in their group (made first, so that it stays beneath them),
+    // each as wide as its box and caption in the current style.
+    const int indicator = style()->pixelMetric(QStyle::PM_IndicatorWidth) + style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
+    QRect flagRects[4];
+    int flagX = 244;
+    for (int f = 1; f < 4; ++f) {
+        const int width = indicator + fontMetrics().horizontalAdvance(QString::fromLatin1(kFlags[f].caption)) + 4;
+        flagRects[f] = QRect(flagX, y + 42, width, 20);
+        flagX += width + 2;
+    }
+    controls.push_back({0, ControlKind::GroupBox, "Auto", QRect(236, y + 26, std::min(flagX + 4, 442) - 236, 40)});
     for (int f = 1; f < 4; ++f)
-        controls.push_back({kFlags[f].id, ControlKind::CheckBox, kFlags[f].caption, QRect(kFlagX[f], y + 42, kFlagWidth[f], 20)});
+        controls.push_back({kFlags[f].id, ControlKind::CheckBox, kFlags[f].caption, flagRects[f]});
     controls.push_back({0, ControlKind::GroupBox, "Legend", QRect(446, y - 4, 186, 70)});
     controls.push_back({194, ControlKind::Static, "", QRect(456, y + 14, 7, 25)});
     controls.push_back({195, ControlKind::Static, "", QRect(466, y + 14, 7, 25)});

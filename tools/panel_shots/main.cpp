@@ -1,24 +1,25 @@
 // Saves a picture of the slot panel as the main window's slot frame shows it (628 x 568), once for
-// each effect type: "slot-<n>.png" in the folder given; then the listener's tab, "listener.png", and a
-// source's tab with two sends routed, "source.png". Where the library refuses an effect, its
+// each effect type: "slot-<n>.png" in the folder given; then the context/source window on a source's
+// tab with two sends routed, "source.png", and on the listener's tab, "listener.png". Where the library refuses an effect, its
 // panel is made directly beside an empty slot, so that every panel can be looked at.
 #include "controls/ControlId.h"
 #include "controls/ControlResources.h"
+#include "controls/CXTabCtrl.h"
 #include "engine/EFX_Factory.h"
-#include "panels/ContextListener_Panel.h"
 #include "panels/EffectPanels.h"
 #include "panels/FXS_Panel.h"
-#include "tools/LiveSlot.h"
 #include "panels/Source3D_Panel.h"
+#include "tools/LiveSlot.h"
+#include "shell/CEFXListSrcDlg.h"
 #include "values/UI_EFX_Bridge.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QTest>
 
 #include <cstdio>
-#include <string>
 
 int main(int argc, char** argv)
 {
@@ -58,44 +59,30 @@ int main(int argc, char** argv)
     }
     delete panel;
 
-    // The listener's tab, filled from the context.
-    bridge.SetCallbacksEnabled(0);
-    QWidget tab;
-    auto* listener = new ContextListener_Panel(&tab);
-    listener->InitDialog();
-    bridge.CreateContext();
-    bridge.RefreshContext();
-    bridge.SetCallbacksEnabled(1);
-    tab.resize(listener->size());
-    tab.show();
-    if (QTest::qWaitForWindowExposed(&tab))
-        saved += tab.grab().save(QStringLiteral("%1/listener.png").arg(folder));
-    delete listener;
-
-    // A source's tab, with its sends 0 and 1 created and routed to slots 0 and 1.
-    const QString tonePath = folder + "/tone.wav";
-    tool_support::WriteQuietTone(tonePath);
-    const std::string tone = tonePath.toStdString();
+    // The context/source window as a user sees it, tab strip and menu included: a source's tab with its
+    // sends 0 and 1 created and routed to slots 0 and 1, then the listener's tab.
+    const QString tone = folder + "/tone.wav";
+    tool_support::WriteQuietTone(tone);
     bridge.CreateSlot();
     if (bridge.GetAutoPlay())
         bridge.ToggleAutoPlay();
-    if (bridge.CreateSource(tone.c_str())) {
-        QWidget sourceTab;
-        bridge.SetCallbacksEnabled(0);
-        auto* source = new Source3D_Panel(&sourceTab, 0);
-        source->InitDialog();
-        bridge.SetSourceToFront(0);
-        bridge.RefreshSource(0);
-        bridge.SetCallbacksEnabled(1);
+    CEFXListSrcDlg window(nullptr);
+    window.InitDialog();
+    window.show();
+    window.AddSourceFile(tone, QStringLiteral("tone.wav"));
+    if (Source3D_Panel* source = window.SourcePanel(0)) {
         source->OnCreateSend(0);
         source->OnCreateSend(1);
         qobject_cast<QAbstractButton*>(FindControl(source, Source3D_Panel::RouteId(1, 2)))->click();
-        sourceTab.resize(source->size());
-        sourceTab.show();
-        if (QTest::qWaitForWindowExposed(&sourceTab))
-            saved += sourceTab.grab().save(QStringLiteral("%1/source.png").arg(folder));
-        delete source;
     }
+    if (QTest::qWaitForWindowExposed(&window)) {
+        QTest::qWait(50);
+        saved += window.grab().save(QStringLiteral("%1/source.png").arg(folder));
+        window.Tabs()->SelectTab(0);
+        QTest::qWait(50);
+        saved += window.grab().save(QStringLiteral("%1/listener.png").arg(folder));
+    }
+    QFile::remove(tone);
     std::printf("%d pictures saved\n", saved);
     return saved == kEffectTypes + 1 ? 0 : 1;
 }
