@@ -28,6 +28,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 using bridge_test::SourcePeek;
@@ -168,20 +169,34 @@ TEST_F(ContextSourceWindowTest, SourcesComeAsTabsInFrontAndADeleteRenumbersTheLa
 
 TEST_F(ContextSourceWindowTest, FilesThatCannotBeReadSayWhatTheyShouldAndChangeNothingElse)
 {
-    const std::string text = scratch.File("notes.wav");
-    engine_test::WriteFile(text, std::vector<unsigned char>{'h', 'e', 'l', 'l', 'o'});
-    EXPECT_EQ(MessageOf([&] { window->AddSourceFile(QString::fromLocal8Bit(text.c_str()), "notes.wav"); }),
-              "Error loading sound file, 3D source not created");
-    EXPECT_EQ(window->SourceCount(), 0);
-    EXPECT_EQ(window->Tabs()->count(), 1);
-
     EXPECT_EQ(MessageOf([&] { window->LoadFileForSource(); }), "Please select a source panel first.");
 
-    Add("tone.wav");
-    console.lines.clear();
-    EXPECT_EQ(MessageOf([&] { window->LoadFileForSourceFrom(QString::fromLocal8Bit(text.c_str()), "notes.wav"); }), "");
-    EXPECT_FALSE(console.lines.empty());
-    EXPECT_EQ(Caption(1), "tone.wav");
+    std::vector<unsigned char> cut = engine_test::SmallMonoWave(2048);
+    cut.resize(30); // the header stops inside its format chunk
+    const std::pair<const char*, std::vector<unsigned char>> unreadable[] = {
+        {"notes.wav", {'h', 'e', 'l', 'l', 'o'}},
+        {"cut.wav", cut},
+    };
+    for (const auto& [title, bytes] : unreadable) {
+        SCOPED_TRACE(title);
+        const std::string path = scratch.File(title);
+        engine_test::WriteFile(path, bytes);
+        const QString file = QString::fromLocal8Bit(path.c_str());
+        const int sources = window->SourceCount();
+        console.lines.clear();
+        EXPECT_EQ(MessageOf([&] { window->AddSourceFile(file, title); }), "Error loading sound file, 3D source not created");
+        ASSERT_FALSE(console.lines.empty());
+        EXPECT_EQ(console.lines.back(), "3D source not created");
+        EXPECT_EQ(window->SourceCount(), sources);
+        EXPECT_EQ(window->Tabs()->count(), sources + 1);
+
+        // A reload with it speaks only in the console; the source keeps its file and its caption.
+        Add("tone.wav");
+        console.lines.clear();
+        EXPECT_EQ(MessageOf([&] { window->LoadFileForSourceFrom(file, title); }), "");
+        EXPECT_TRUE(console.Has("Failed to load file."));
+        EXPECT_EQ(Caption(window->Tabs()->currentIndex()), "tone.wav");
+    }
 }
 
 TEST_F(ContextSourceWindowTest, ALowWindowScrollsItsSixHundredPixelsAndAHighOneHasNoBar)
