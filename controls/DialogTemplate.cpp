@@ -8,9 +8,11 @@
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 #include <QTreeWidget>
 
 namespace {
@@ -68,6 +70,13 @@ QWidget* MakeControl(const ControlTemplate& row, QWidget* dialog)
         label->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
         return label;
     }
+    case ControlKind::Slider: {
+        auto* slider = new QSlider(Qt::Horizontal, dialog);
+        slider->setTickPosition(QSlider::TicksBelow);
+        return slider;
+    }
+    case ControlKind::Edit:
+        return new QLineEdit(caption, dialog);
     case ControlKind::BitmapButton: {
         // The caption stands until a bitmap is set on the button.
         auto* button = new QPushButton(caption, dialog);

@@ -20,6 +20,8 @@ enum class ControlKind {
     EtchedFrame,
     ComboBox,  // a drop-down list
     Caption,   // a static text centred over what it names, on up to two lines
+    Slider,    // a horizontal track bar, ticks below
+    Edit,      // a one-line text field
 };
 
 struct ControlTemplate {

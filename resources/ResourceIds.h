@@ -15,6 +15,7 @@ constexpr int IDD_CONTEXT_LISTENER = 150;
 constexpr int IDD_SOURCE = 152;
 constexpr int IDD_REVERB_PANNER = 173;
 constexpr int IDD_REVERB_RESPONSE = 175;
+constexpr int IDD_POSITION = 174;
 
 // Strings.
 constexpr const char* IDS_ABOUTBOX = "&About Sonoptic..."; // string 101
@@ -132,6 +133,14 @@ constexpr int IDC_LATE_RENDER = 1169;
 constexpr int IDC_LATE_WIRE = 1170;
 constexpr int IDC_HF_PLANE = 1184;
 constexpr int IDC_LF_PLANE = 1185;
+
+// The position window.
+constexpr int IDC_POSITION_VIEW = 1152;
+constexpr int IDC_POSITION_ZOOM = 1153;
+constexpr int IDC_POSITION_SCALE = 1078;
+constexpr int IDC_PLANE_TOP = 1157;
+constexpr int IDC_PLANE_SIDE = 1155;
+constexpr int IDC_PLANE_REAR = 1156;
 
 // Inside a decimal display: the in-place edit and the two arrows.
 constexpr int IDC_DISPLAY_EDIT = 1000;

@@ -194,7 +194,10 @@ void CEFXListSrcDlg::BuildMenuBar()
             case Command::AutoPlay: bridge->ToggleAutoPlay(); break;
             case Command::StopAll: bridge->StopAllSources(); break;
             case Command::StartAll: bridge->StartAllSources(); break;
-            case Command::PositionWindow: break; // the position window comes with its own work
+            case Command::PositionWindow:
+                if (ShowPositionWindow)
+                    ShowPositionWindow();
+                break;
             case Command::Suspend: bridge->SuspendContext(); break;
             case Command::Process: bridge->ProcessContext(); break;
             }

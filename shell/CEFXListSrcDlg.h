@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 #include <cstdint>
 
 class CXTabCtrl;
@@ -20,6 +21,10 @@ class Source3D_Panel;
 class CEFXListSrcDlg : public CDialog, public BridgeContextSourceDialog {
 public:
     static constexpr int kMaxSources = 128;
+
+    // What the menu's "Show Source/Listener Position Window" runs: the main window's own command, so
+    // that both menus and Ctrl+P show the one window.
+    std::function<void()> ShowPositionWindow;
 
     explicit CEFXListSrcDlg(QWidget* parent);
     ~CEFXListSrcDlg() override;

@@ -5,6 +5,7 @@
 #include "controls/ControlId.h"
 #include "engine/EFX_Factory.h"
 #include "panels/FXS_Panel.h"
+#include "positionview/CEFXSrcPosDlg.h"
 #include "shell/CAboutDlg.h"
 #include "shell/CConsoleList.h"
 #include "shell/CEFXListSrcDlg.h"
@@ -70,6 +71,8 @@ CSonopticDlg::~CSonopticDlg()
     }
     delete m_contextWindow;
     m_contextWindow = nullptr;
+    delete m_positionWindow;
+    m_positionWindow = nullptr;
     if (m_bridge) {
         m_bridge->SetLogList(nullptr);
         m_bridge->SetMainDialog(nullptr);
@@ -226,6 +229,7 @@ void CSonopticDlg::ShowContextWindow()
     // Made at the first need; its opening makes the OpenAL context object. Closing it only hides it.
     if (!m_contextWindow) {
         m_contextWindow = new CEFXListSrcDlg(this);
+        m_contextWindow->ShowPositionWindow = [this] { ShowPositionWindow(); };
         m_contextWindow->InitDialog();
     }
     m_contextWindow->show();
@@ -237,13 +241,26 @@ void CSonopticDlg::AddSource()
     m_contextWindow->AddSource();
 }
 
-// The position window and the effect file browser are made here on first demand once they exist;
-// until then these commands show nothing.
-void CSonopticDlg::ShowPositionWindow() {}
+// The one position window, made at the first need with no parent: it stands beside the main window
+// rather than over it. Its close box hides it.
+void CSonopticDlg::ShowPositionWindow()
+{
+    if (!m_positionWindow) {
+        m_positionWindow = new CEFXSrcPosDlg(nullptr);
+        m_positionWindow->InitDialog();
+    }
+    m_positionWindow->show();
+    m_positionWindow->raise();
+}
 
+// The effect file browser is made here on first demand once it exists; until then this shows nothing.
 void CSonopticDlg::ShowBrowser() {}
 
-void CSonopticDlg::RedrawPositionWindow() {}
+void CSonopticDlg::RedrawPositionWindow()
+{
+    if (m_positionWindow)
+        m_positionWindow->Redraw();
+}
 
 void CSonopticDlg::SetAutoPlayCheck(int flag)
 {

@@ -10,6 +10,7 @@
 
 class CConsoleList;
 class CEFXListSrcDlg;
+class CEFXSrcPosDlg;
 class QAction;
 class QPushButton;
 class UI_EFX_Bridge;
@@ -35,6 +36,8 @@ public:
     void OnSysCommand(int id);
 
     CConsoleList* Console() const { return m_console; }
+    CEFXListSrcDlg* ContextWindow() const { return m_contextWindow; }
+    CEFXSrcPosDlg* PositionWindow() const { return m_positionWindow; }
     QAction* MenuAction(int id) const;
 
 protected:
@@ -56,6 +59,7 @@ private:
     // The slot panels, by slot number, null until made.
     std::array<QWidget*, 4> m_slotPanel{};
     CEFXListSrcDlg* m_contextWindow = nullptr;
+    CEFXSrcPosDlg* m_positionWindow = nullptr;
     QWidget* m_client = nullptr;
     std::array<QAction*, std::size(main_dialog::kMenu)> m_actions{};
 };

@@ -2,10 +2,12 @@
 #include "engine/EFX_Factory.h"
 #include "engine/ProcAddress.h"
 #include "panels/FXS_Panel.h"
+#include "positionview/CEFXSrcPosDlg.h"
 #include "reverbview/FXPanner.h"
 #include "resources/ResourceIds.h"
 #include "shell/CConsoleList.h"
 #include "shell/CSonopticApp.h"
+#include "shell/CEFXListSrcDlg.h"
 #include "shell/CSonopticDlg.h"
 #include "tests/shell/ModalDriver.h"
 #include "tests/shell/XKeyboard.h"
@@ -262,6 +264,36 @@ TEST(MainDialog, CtrlDigitsShowSlotsAndShiftCtrlDoesNot)
 
         keyboard.Chord({"Control_L"}, "0");
         EXPECT_TRUE(ShowsSelected(dialog, 0));
+    });
+}
+
+TEST(MainDialog, CtrlPAndBothMenusShowTheOnePositionWindowWhichOutlivesItsClosing)
+{
+    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
+        XKeyboard keyboard;
+        ASSERT_TRUE(keyboard.Available());
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        EXPECT_EQ(dialog.PositionWindow(), nullptr);
+        keyboard.Chord({"Control_L"}, "p");
+        CEFXSrcPosDlg* window = dialog.PositionWindow();
+        ASSERT_NE(window, nullptr);
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(window->parentWidget(), nullptr);
+        EXPECT_EQ(window->windowTitle(), "Source(s) / Listener Position");
+
+        // Its close box hides it; the main menu and the context/source window's menu show it again.
+        window->close();
+        EXPECT_FALSE(window->isVisible());
+        dialog.MenuAction(res::ID_SHOW_POSITION_WINDOW)->trigger();
+        EXPECT_TRUE(window->isVisible());
+        window->close();
+        dialog.ShowContextWindow();
+        dialog.ContextWindow()->MenuAction(res::ID_CS_POSITION_WINDOW)->trigger();
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(dialog.PositionWindow(), window);
+        dialog.ContextWindow()->close();
+        window->close();
     });
 }
 
