@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -25,8 +26,9 @@ constexpr std::uint32_t kAxisColour = 10459295;   // grey
 constexpr std::uint32_t kNameColour = 0xF0C000;   // the sources' names: sky blue
 constexpr int kDotRadius = 4;
 
-constexpr QSize kSize(664, 436);
-constexpr QRect kView(8, 8, 420, 420);
+// The view's size is also the cost of a frame: every paint sends the whole picture to the display.
+constexpr QSize kSize(604, 376);
+constexpr QRect kView(8, 8, 360, 360);
 
 struct PlaneRadio {
     int id;
@@ -40,18 +42,18 @@ constexpr PlaneRadio kPlaneRadios[] = {
 
 const ControlTemplate kTemplate[] = {
     {res::IDC_POSITION_VIEW, ControlKind::Static, "", kView},
-    {0, ControlKind::GroupBox, "Display / Drag mode", QRect(440, 4, 216, 180)},
-    {0, ControlKind::Static, "Move a source (yellow dot),", QRect(452, 26, 196, 16)},
-    {0, ControlKind::Static, "the listener (red dot), or", QRect(452, 42, 196, 16)},
-    {0, ControlKind::Static, "the listener's orientation", QRect(452, 58, 196, 16)},
-    {0, ControlKind::Static, "(green circle) in :", QRect(452, 74, 196, 16)},
-    {res::IDC_PLANE_TOP, ControlKind::RadioButton, "(X, Z) plane (top elevation)", QRect(452, 100, 200, 22)},
-    {res::IDC_PLANE_SIDE, ControlKind::RadioButton, "(Y, Z) plane (side elevation)", QRect(452, 124, 200, 22)},
-    {res::IDC_PLANE_REAR, ControlKind::RadioButton, "(X, Y) plane (rear elevation)", QRect(452, 148, 200, 22)},
-    {0, ControlKind::GroupBox, "Zoom", QRect(440, 194, 216, 100)},
-    {res::IDC_POSITION_ZOOM, ControlKind::Slider, "", QRect(450, 216, 196, 30)},
-    {res::IDC_POSITION_SCALE, ControlKind::Edit, "", QRect(452, 256, 44, 24)},
-    {0, ControlKind::Static, "Pixels / 3D unit  scale", QRect(502, 260, 150, 18)},
+    {0, ControlKind::GroupBox, "Display / Drag mode", QRect(380, 4, 216, 180)},
+    {0, ControlKind::Static, "Move a source (yellow dot),", QRect(392, 26, 196, 16)},
+    {0, ControlKind::Static, "the listener (red dot), or", QRect(392, 42, 196, 16)},
+    {0, ControlKind::Static, "the listener's orientation", QRect(392, 58, 196, 16)},
+    {0, ControlKind::Static, "(green circle) in :", QRect(392, 74, 196, 16)},
+    {res::IDC_PLANE_TOP, ControlKind::RadioButton, "(X, Z) plane (top elevation)", QRect(392, 100, 200, 22)},
+    {res::IDC_PLANE_SIDE, ControlKind::RadioButton, "(Y, Z) plane (side elevation)", QRect(392, 124, 200, 22)},
+    {res::IDC_PLANE_REAR, ControlKind::RadioButton, "(X, Y) plane (rear elevation)", QRect(392, 148, 200, 22)},
+    {0, ControlKind::GroupBox, "Zoom", QRect(380, 194, 216, 100)},
+    {res::IDC_POSITION_ZOOM, ControlKind::Slider, "", QRect(390, 216, 196, 30)},
+    {res::IDC_POSITION_SCALE, ControlKind::Edit, "", QRect(392, 256, 44, 24)},
+    {0, ControlKind::Static, "Pixels / 3D unit  scale", QRect(442, 260, 150, 18)},
 };
 
 QPen SolidPen(std::uint32_t colour)
@@ -60,16 +62,21 @@ QPen SolidPen(std::uint32_t colour)
 }
 
 // A dot as the drawing surface's ellipse makes it, the box from (x - 4, y - 4) to (x + 4, y + 4), its
-// right and bottom edges excluded.
-void Dot(QPainter& painter, ViewPixel at)
+// right and bottom edges excluded: drawn once into a small picture, which each frame then stamps.
+QPixmap DotSprite(const QPen& pen, const QBrush& brush)
 {
-    painter.drawEllipse(QRect(at.x - kDotRadius, at.y - kDotRadius, 2 * kDotRadius - 1, 2 * kDotRadius - 1));
+    QPixmap sprite(2 * kDotRadius, 2 * kDotRadius);
+    sprite.fill(Qt::transparent);
+    QPainter painter(&sprite);
+    painter.setPen(pen);
+    painter.setBrush(brush);
+    painter.drawEllipse(QRect(0, 0, 2 * kDotRadius - 1, 2 * kDotRadius - 1));
+    return sprite;
 }
 
-// Text with the top left of its cell at (x, y), on the background colour.
-void TextAt(QPainter& painter, int x, int y, const QString& text)
+void Stamp(QPainter& painter, const QPixmap& sprite, ViewPixel at)
 {
-    painter.drawText(QRect(x, y, 1000, 200), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, text);
+    painter.drawPixmap(at.x - kDotRadius, at.y - kDotRadius, sprite);
 }
 
 ViewBox BoxOf(const QRect& rect)
@@ -78,6 +85,26 @@ ViewBox BoxOf(const QRect& rect)
 }
 
 } // namespace
+
+// Text with the top left of its cell at (x, y), on a box of the background colour as wide as the
+// text. Laid out once per text and kept: a frame draws up to 128 names.
+void CEFXSrcPosDlg::TextAt(QPainter& painter, int x, int y, const QString& text, const QColor& colour)
+{
+    if (text.isEmpty())
+        return;
+    if (m_texts.size() > 1024)
+        m_texts.clear();
+    auto found = m_texts.find(text);
+    if (found == m_texts.end()) {
+        QStaticText laidOut(text);
+        laidOut.setTextFormat(Qt::PlainText);
+        laidOut.prepare(QTransform(), painter.font());
+        found = m_texts.insert(text, laidOut);
+    }
+    painter.fillRect(QRectF(QPointF(x, y), found->size()), BackgroundBrush);
+    painter.setPen(colour);
+    painter.drawStaticText(QPoint(x, y), *found);
+}
 
 // The drawing area: it paints what the dialog draws, and leaves the mouse to the dialog.
 class PositionViewWidget : public QWidget {
@@ -134,6 +161,9 @@ void CEFXSrcPosDlg::OnInitDialog()
     SourceBrush = QBrush(WindowsColour(kSourceColour));
     BackgroundBrush = QBrush(WindowsColour(0));
     ViewRect = QRect(QPoint(0, 0), View->size());
+    m_sourceDot = DotSprite(SourcePen, SourceBrush);
+    m_listenerDot = DotSprite(ListenerPen, ListenerBrush);
+    m_ring = DotSprite(OrientationPen, BackgroundBrush);
 
     {
         const QSignalBlocker quiet(ZoomSlider);
@@ -211,20 +241,20 @@ void CEFXSrcPosDlg::Paint(QPainter& painter)
     const int cy = ViewRect.height() / 2;
     painter.fillRect(ViewRect, BackgroundBrush);
     painter.setClipRect(ViewRect);
-    painter.setBackgroundMode(Qt::OpaqueMode);
-    painter.setBackground(BackgroundBrush);
 
     // The axis mark at the centre.
     const AxisMark& mark = AxisMarkOf(Plane);
+    const QColor axisColour = AxisPen.color();
+    TextAt(painter, cx + mark.firstAt.x, cy + mark.firstAt.y, QString::fromLatin1(mark.firstLabel), axisColour);
+    TextAt(painter, cx + mark.secondAt.x, cy + mark.secondAt.y, QString::fromLatin1(mark.secondLabel), axisColour);
     painter.setPen(AxisPen);
-    TextAt(painter, cx + mark.firstAt.x, cy + mark.firstAt.y, QString::fromLatin1(mark.firstLabel));
-    TextAt(painter, cx + mark.secondAt.x, cy + mark.secondAt.y, QString::fromLatin1(mark.secondLabel));
     painter.drawLine(cx + mark.lineX, cy, cx, cy);
     painter.drawLine(cx, cy, cx, cy + mark.lineY);
     if (!bridge)
         return;
 
     // The sources in number order, each a yellow dot with its name above it.
+    const QColor nameColour = WindowsColour(kNameColour);
     for (int index = 0; index < bridge_limits::kSources; ++index) {
         EFX_3DSource* source = bridge->GetSource(index);
         if (!source)
@@ -232,11 +262,8 @@ void CEFXSrcPosDlg::Paint(QPainter& painter)
         float position[3] = {};
         source->GetPosition(position);
         const ViewPixel at = WorldToScreen(position, ViewRect);
-        painter.setPen(SourcePen);
-        painter.setBrush(SourceBrush);
-        Dot(painter, at);
-        painter.setPen(WindowsColour(kNameColour));
-        TextAt(painter, at.x - 5, at.y - 24, QString::fromLocal8Bit(bridge->GetSourceName(index)));
+        Stamp(painter, m_sourceDot, at);
+        TextAt(painter, at.x - 5, at.y - 24, QString::fromLocal8Bit(bridge->GetSourceName(index)), nameColour);
     }
 
     // The listener, red, with a line to its orientation handle: a green ring, hollow on black.
@@ -247,14 +274,11 @@ void CEFXSrcPosDlg::Paint(QPainter& painter)
     context->GetPosition(position);
     const ViewPixel listener = WorldToScreen(position, ViewRect);
     const ViewPixel handle = OrientationHandle(listener);
+    Stamp(painter, m_listenerDot, listener);
+    TextAt(painter, listener.x + 5, listener.y + 10, QStringLiteral("listener"), ListenerPen.color());
     painter.setPen(ListenerPen);
-    painter.setBrush(ListenerBrush);
-    Dot(painter, listener);
-    TextAt(painter, listener.x + 5, listener.y + 10, QStringLiteral("listener"));
     painter.drawLine(listener.x, listener.y, handle.x, handle.y);
-    painter.setPen(OrientationPen);
-    painter.setBrush(BackgroundBrush);
-    Dot(painter, handle);
+    Stamp(painter, m_ring, handle);
 }
 
 void CEFXSrcPosDlg::mousePressEvent(QMouseEvent* event)

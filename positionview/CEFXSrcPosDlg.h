@@ -5,8 +5,12 @@
 #include "values/BridgeWindows.h"
 
 #include <QBrush>
+#include <QHash>
 #include <QPen>
+#include <QPixmap>
 #include <QRect>
+#include <QStaticText>
+#include <QString>
 
 #include <cstdint>
 
@@ -61,4 +65,8 @@ private:
     void Paint(QPainter& painter);
     // The view's rectangle in the dialog, where presses and moves are compared.
     QRect ViewInDialog() const;
+    void TextAt(QPainter& painter, int x, int y, const QString& text, const QColor& colour);
+
+    QPixmap m_sourceDot, m_listenerDot, m_ring;
+    QHash<QString, QStaticText> m_texts;
 };

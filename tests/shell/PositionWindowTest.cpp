@@ -39,7 +39,7 @@ const QColor kGreen = WindowsColour(61440);
 const QColor kGrey = WindowsColour(10459295);
 const QColor kNameColour = WindowsColour(0xF0C000);
 const QColor kBlack(0, 0, 0);
-constexpr ViewPixel kCentre{210, 210};
+constexpr ViewPixel kCentre{180, 180};
 
 // How many pixels of the area show the colour, as it is or blended onto black by the text's edges:
 // each channel the same fraction of the colour's, the fraction at least a half.
@@ -162,9 +162,9 @@ TEST_F(PositionWindowTest, EachPlaneDrawsTheAxisTheSourcesTheirNamesTheListenerA
         ViewPixel ring;     // the handle of the default "at" (0, 0, -1)
     };
     const PlaneCase planes[] = {
-        {res::IDC_PLANE_TOP, {250, 230}, {150, 150}, {110, 110}, {110, 85}},
-        {res::IDC_PLANE_SIDE, {190, 190}, {270, 150}, {310, 310}, {335, 310}},
-        {res::IDC_PLANE_REAR, {250, 190}, {150, 150}, {110, 310}, {110, 310}}, // the ring on the listener
+        {res::IDC_PLANE_TOP, {220, 200}, {120, 120}, {80, 80}, {80, 55}},
+        {res::IDC_PLANE_SIDE, {160, 160}, {240, 120}, {280, 280}, {305, 280}},
+        {res::IDC_PLANE_REAR, {220, 160}, {120, 120}, {80, 280}, {80, 280}}, // the ring on the listener
     };
     OpenContext();
     bridge->MoveListener(-5, -5, -5);
@@ -222,7 +222,7 @@ TEST_F(PositionWindowTest, EveryChangeOfASourceShowsOnScreenWithoutAsking)
     float turned[3] = {};
     Position(two, turned);
     ASSERT_GT(turned[0], 2.0f);
-    const ViewPixel twoAt = WorldToScreen(PlaneTop, 20.0f, turned, {0, 0, 420, 420});
+    const ViewPixel twoAt = WorldToScreen(PlaneTop, 20.0f, turned, {0, 0, 360, 360});
     EXPECT_TRUE(IsDot(OnScreen(), twoAt, kYellow));
 
     // A third source, then the first deleted: its dot goes, the others' names move with their numbers.
@@ -252,22 +252,24 @@ TEST_F(PositionWindowTest, DraggingASourceWritesTheTwoAxesOfThePlaneAndNothingCl
     EXPECT_EQ(std::memcmp(&after[1], &before[1], sizeof(float)), 0);
     EXPECT_NEAR(Shown(SourceKnob(source, kPositionX)), 2.0, 1e-6);
 
-    // At 100 pixels a unit the position limits are -2 and 2: dragged past them, the source and its dot
-    // go there, and the knob keeps its value.
+    // At 100 pixels a unit the position limits are -2 and 2. Past the view's edge, over the window's
+    // controls, the drag goes on beyond them: the source goes there, and the knob keeps its value.
     window->ZoomSlider->setValue(100);
-    Drag(Offset(kCentre, 200, 100), Offset(kCentre, 205, 100));
+    bridge->MoveSource(source, 1.5f, after[1], 0.5f);
+    Drag(Offset(kCentre, 150, 50), Offset(kCentre, 205, 50));
     Position(source, after);
     EXPECT_FLOAT_EQ(after[0], 2.05f);
-    EXPECT_NEAR(Shown(SourceKnob(source, kPositionX)), 2.0, 1e-6);
-    EXPECT_TRUE(IsDot(Frame(), Offset(kCentre, 205, 100), kYellow));
+    EXPECT_NEAR(Shown(SourceKnob(source, kPositionX)), 1.5, 1e-6);
+    window->ZoomSlider->setValue(20);
+    EXPECT_TRUE(IsDot(Frame(), Offset(kCentre, 41, 10), kYellow));
 
     // A move outside the window does nothing; back over it, the drag goes on.
-    Press(Offset(kCentre, 205, 100));
+    Press(Offset(kCentre, 41, 10));
     MoveTo({-40, 20});
     Position(source, after);
     EXPECT_FLOAT_EQ(after[0], 2.05f);
-    MoveTo(Offset(kCentre, -100, 100));
-    Release(Offset(kCentre, -100, 100));
+    MoveTo(Offset(kCentre, -20, 20));
+    Release(Offset(kCentre, -20, 20));
     Position(source, after);
     EXPECT_FLOAT_EQ(after[0], -1.0f);
 }
