@@ -35,18 +35,20 @@ using bridge_test::SourcePeek;
 
 namespace {
 
-// Runs action, reads the message box it opens and presses OK; empty if none opened.
+// Runs action, reads the message box it opens and presses OK; empty if none opened. The box is looked
+// for until the action returns, so that a slow build does not miss it and wait on it for ever.
 std::string MessageOf(const std::function<void()>& action)
 {
     std::string text;
-    QTimer::singleShot(100, [&text] {
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&text] {
         if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             text = box->text().toStdString();
             box->accept();
         }
     });
+    poll.start(20);
     action();
-    QTest::qWait(150);
     return text;
 }
 
