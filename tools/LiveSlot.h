@@ -17,11 +17,22 @@
 
 namespace tool_support {
 
-// False, with a line naming the tool, when there is no EFX device to put slot 0 on.
-inline bool StartEngineWithSlot(UI_EFX_Bridge& bridge, const char* tool)
+// The engine on the default device; false, with a line naming the tool, when there is no EFX device.
+inline bool StartEngine(UI_EFX_Bridge& bridge, const char* tool)
 {
     EFX_Factory::SelectDevice("");
-    if (bridge.InitializeEngine(3, 0, 4) && bridge.CreateSlot() == 0)
+    if (bridge.InitializeEngine(3, 0, 4))
+        return true;
+    std::fprintf(stderr, "%s: no EFX device\n", tool);
+    return false;
+}
+
+// The same with slot 0 made; false, with that line, when there is no device to put it on.
+inline bool StartEngineWithSlot(UI_EFX_Bridge& bridge, const char* tool)
+{
+    if (!StartEngine(bridge, tool))
+        return false;
+    if (bridge.CreateSlot() == 0)
         return true;
     std::fprintf(stderr, "%s: no EFX device\n", tool);
     return false;

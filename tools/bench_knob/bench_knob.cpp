@@ -8,6 +8,7 @@
 #include "controls/ControlResources.h"
 #include "engine/EFX_EffectSlot.h"
 #include "engine/EFX_Factory.h"
+#include "tools/BenchSupport.h"
 #include "tools/knob_demo/KnobDemoPanel.h"
 #include "values/UI_EFX_Bridge.h"
 
@@ -18,7 +19,6 @@
 #include <QMouseEvent>
 #include <QTest>
 
-#include <algorithm>
 #include <cstdlib>
 #include <chrono>
 #include <cstdio>
@@ -31,30 +31,6 @@ constexpr int kSteps = 127; // one sweep of the pop-up fader
 constexpr int kDecayRow = 2;
 
 using Clock = std::chrono::steady_clock;
-
-void Send(QWidget* widget, QEvent::Type type, QPoint point)
-{
-    QMouseEvent event(type, QPointF(point), QPointF(widget->mapToGlobal(point)),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-// Counts the paints of the widgets it watches, so that the figure is known to include them.
-struct PaintCounter : QObject {
-    int paints = 0;
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        paints += event->type() == QEvent::Paint;
-        return false;
-    }
-};
 
 struct Bare {
     LPALEFFECTF effectf;
@@ -89,7 +65,7 @@ int main(int argc, char** argv)
     CPot& knob = panel.Knob(kDecayRow);
     CFloatDecimalDisplay& display = panel.Display(kDecayRow);
 
-    PaintCounter counter;
+    bench_support::PaintCounter counter;
     knob.installEventFilter(&counter);
     display.installEventFilter(&counter);
 
@@ -108,7 +84,7 @@ int main(int argc, char** argv)
         const auto start = Clock::now();
         for (int step = 0; step < kSteps; ++step) {
             x += direction;
-            Send(&knob, QEvent::MouseMove, QPoint(x, centre.y()));
+            bench_support::SendMouse(&knob, QEvent::MouseMove, QPoint(x, centre.y()));
             // Paint the knob and its read-out and flush each to the window system.
             knob.repaint();
             display.repaint();
@@ -128,8 +104,8 @@ int main(int argc, char** argv)
         return std::chrono::duration<double, std::micro>(Clock::now() - start).count() / kSteps;
     };
 
-    Send(&knob, QEvent::MouseButtonPress, centre);
-    Send(&knob, QEvent::MouseMove, QPoint(x - 200, centre.y())); // from the bottom of the range
+    bench_support::SendMouse(&knob, QEvent::MouseButtonPress, centre);
+    bench_support::SendMouse(&knob, QEvent::MouseMove, QPoint(x - 200, centre.y())); // from the bottom of the range
     x -= 200;
     sweep(1); // warm-up
     sweep(-1);
@@ -140,10 +116,10 @@ int main(int argc, char** argv)
         knobSteps.push_back(sweep(direction));
         bareSteps.push_back(bareSweep(direction));
     }
-    Send(&knob, QEvent::MouseButtonRelease, QPoint(x, centre.y()));
+    bench_support::SendMouse(&knob, QEvent::MouseButtonRelease, QPoint(x, centre.y()));
 
-    const double ours = Median(knobSteps);
-    const double plain = Median(bareSteps);
+    const double ours = bench_support::Median(knobSteps);
+    const double plain = bench_support::Median(bareSteps);
     std::printf("one step of a knob drag on a live EAX reverb, median of %d rounds of %d steps\n", kRounds, kSteps);
     std::printf("  mouse move, set, write-back, knob and read-out painted: %7.2f us\n", ours);
     std::printf("  bare alEffectf and slot attach:                       %7.2f us\n", plain);

@@ -6,15 +6,16 @@
 //       every knob and read-out that changed repainted and flushed.
 // Prints the median of several rounds of each, in milliseconds.
 
+#include "controls/CDecimalDisplay.h"
+#include "controls/CPot.h"
 #include "controls/ControlId.h"
 #include "controls/ControlResources.h"
 #include "engine/EFX_Factory.h"
 #include "panels/EffectPanelTables.h"
 #include "panels/FXS_EffectPanel.h"
 #include "panels/FXS_Panel.h"
+#include "tools/BenchSupport.h"
 #include "tools/LiveSlot.h"
-#include "controls/CDecimalDisplay.h"
-#include "controls/CPot.h"
 #include "values/BridgeTables.h"
 #include "values/UI_EFX_Bridge.h"
 
@@ -23,26 +24,15 @@
 #include <QPushButton>
 #include <QTest>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <vector>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using bench_support::Clock;
+using bench_support::MillisecondsSince;
 constexpr int kRounds = 21;
-
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-double MillisecondsSince(Clock::time_point start)
-{
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
 
 } // namespace
 
@@ -75,14 +65,7 @@ int main(int argc, char** argv)
     panel->EffectList->setCurrentIndex(1);
     load->click();
     auto* defaults = FindControlAs<QPushButton>(panel->EffectPanel, panel->EffectPanel->Table().defaultsId);
-    struct PaintCounter : QObject {
-        int paints = 0;
-        bool eventFilter(QObject*, QEvent* event) override
-        {
-            paints += event->type() == QEvent::Paint;
-            return false;
-        }
-    } counter;
+    bench_support::PaintCounter counter;
     for (int r = 0; r < panel->EffectPanel->KnobCount(); ++r) {
         panel->EffectPanel->Knob(r).installEventFilter(&counter);
         panel->EffectPanel->Display(r).installEventFilter(&counter);
@@ -102,9 +85,9 @@ int main(int argc, char** argv)
 
     std::printf("slot panel at work, median of %d rounds\n", kRounds);
     std::printf("  (a) Load, EAX reverb and chorus in turn, to the frame on screen: %7.2f ms (aim: under 30)\n",
-                Median(loads));
+                bench_support::Median(loads));
     std::printf("  (b) EAX reverb Defaults, 26 knobs and read-outs repainted:     %7.2f ms (aim: under 3)\n",
-                Median(resets));
+                bench_support::Median(resets));
     std::printf("      knobs and read-outs painted per Defaults: %.1f\n", double(counter.paints) / kRounds);
     delete panel;
     return 0;

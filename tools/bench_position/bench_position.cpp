@@ -7,10 +7,10 @@
 #include "controls/ControlId.h"
 #include "controls/ControlResources.h"
 #include "engine/EFX_3DSource.h"
-#include "engine/EFX_Factory.h"
 #include "positionview/CEFXSrcPosDlg.h"
 #include "resources/ResourceIds.h"
 #include "shell/CEFXListSrcDlg.h"
+#include "tools/BenchSupport.h"
 #include "tools/LiveSlot.h"
 #include "values/UI_EFX_Bridge.h"
 
@@ -20,7 +20,6 @@
 #include <QMouseEvent>
 #include <QTest>
 
-#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -33,30 +32,8 @@ constexpr int kRounds = 15;
 constexpr int kFramesARound = 40;
 constexpr int kStepsARound = 40;
 
-using Clock = std::chrono::steady_clock;
-
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-struct PaintCounter : QObject {
-    int paints = 0;
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        paints += event->type() == QEvent::Paint;
-        return false;
-    }
-};
-
-void SendMouse(QWidget* widget, QEvent::Type type, QPoint point)
-{
-    QMouseEvent event(type, QPointF(point), QPointF(widget->mapToGlobal(point)),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
+using bench_support::Clock;
+using bench_support::MillisecondsSince;
 
 // Sources on a ring of the given radius round the listener, at three heights, each named.
 void AddSources(CEFXListSrcDlg& sources, const QString& tone, int count, float radius)
@@ -106,12 +83,9 @@ int main(int argc, char** argv)
     ChoosePlatformOptions();
     QApplication application(argc, argv);
     InitControlResources();
-    EFX_Factory::SelectDevice("");
     UI_EFX_Bridge bridge;
-    if (!bridge.InitializeEngine(3, 0, 4)) {
-        std::fprintf(stderr, "bench_position: no EFX device\n");
+    if (!tool_support::StartEngine(bridge, "bench_position"))
         return 1;
-    }
     if (bridge.GetAutoPlay())
         bridge.ToggleAutoPlay();
     CEFXListSrcDlg sources(nullptr);
@@ -132,7 +106,7 @@ int main(int argc, char** argv)
 
     AddSources(sources, tone, CEFXListSrcDlg::kMaxSources, 8.0f);
     QFile::remove(tone);
-    PaintCounter counter;
+    bench_support::PaintCounter counter;
     window.View->installEventFilter(&counter);
     QCoreApplication::sendPostedEvents();
 
@@ -142,7 +116,7 @@ int main(int argc, char** argv)
         const auto start = Clock::now();
         for (int frame = 0; frame < kFramesARound; ++frame)
             window.View->repaint();
-        frames.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count() / kFramesARound);
+        frames.push_back(MillisecondsSince(start) / kFramesARound);
     }
 
     // Beside it, the same paint into an image of the view's size: what sending the picture to the
@@ -153,7 +127,7 @@ int main(int argc, char** argv)
         const auto start = Clock::now();
         for (int frame = 0; frame < kFramesARound; ++frame)
             window.View->render(&image);
-        paints.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count() / kFramesARound);
+        paints.push_back(MillisecondsSince(start) / kFramesARound);
     }
 
     // (b) Drag steps of source 0, back and forth, each followed by the frame its write-back asked for.
@@ -162,7 +136,7 @@ int main(int argc, char** argv)
     bridge.GetSource(0)->GetPosition(position);
     const ViewPixel at = window.WorldToScreen(position, window.ViewRect);
     QPoint pointer = view + QPoint(at.x, at.y);
-    SendMouse(&window, QEvent::MouseButtonPress, pointer);
+    bench_support::SendMouse(&window, QEvent::MouseButtonPress, pointer);
     const int paintsBefore = counter.paints;
     std::vector<double> steps;
     for (int round = 0; round < kRounds; ++round) {
@@ -170,18 +144,18 @@ int main(int argc, char** argv)
         const auto start = Clock::now();
         for (int step = 0; step < kStepsARound; ++step) {
             pointer += QPoint(direction, direction);
-            SendMouse(&window, QEvent::MouseMove, pointer);
+            bench_support::SendMouse(&window, QEvent::MouseMove, pointer);
             QCoreApplication::sendPostedEvents();
         }
-        steps.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count() / kStepsARound);
+        steps.push_back(MillisecondsSince(start) / kStepsARound);
     }
-    SendMouse(&window, QEvent::MouseButtonRelease, pointer);
+    bench_support::SendMouse(&window, QEvent::MouseButtonRelease, pointer);
     const int dragPaints = counter.paints - paintsBefore;
 
     std::printf("position window, 128 named sources and the listener, medians of %d rounds\n", kRounds);
-    std::printf("  (a) one frame, painted and flushed:                     %6.3f ms (aim: under 2)\n", Median(frames));
-    std::printf("      the same paint into an image, not shown:             %6.3f ms\n", Median(paints));
-    std::printf("  (b) one drag step (move, MoveSource, write-back, frame): %6.3f ms (aim: under 3)\n", Median(steps));
+    std::printf("  (a) one frame, painted and flushed:                     %6.3f ms (aim: under 2)\n", bench_support::Median(frames));
+    std::printf("      the same paint into an image, not shown:             %6.3f ms\n", bench_support::Median(paints));
+    std::printf("  (b) one drag step (move, MoveSource, write-back, frame): %6.3f ms (aim: under 3)\n", bench_support::Median(steps));
     std::printf("      %d frames for %d steps\n", dragPaints, kRounds * kStepsARound);
     return 0;
 }

@@ -9,13 +9,14 @@
 
 #include "controls/ControlId.h"
 #include "controls/ControlResources.h"
-#include "resources/ResourceIds.h"
 #include "engine/EFX_EffectSlot.h"
 #include "engine/EFX_Factory.h"
+#include "resources/ResourceIds.h"
 #include "reverbview/C3DReverbResponseDlg.h"
 #include "reverbview/FXPanner.h"
 #include "reverbview/ResponseRender.h"
 #include "reverbview/ResponseView.h"
+#include "tools/BenchSupport.h"
 #include "values/UI_EFX_Bridge.h"
 
 #include <GL/gl.h>
@@ -26,7 +27,6 @@
 #include <QMouseEvent>
 #include <QTest>
 
-#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -34,19 +34,9 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using bench_support::Clock;
+using bench_support::MillisecondsSince;
 constexpr int kRounds = 31;
-
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-double Milliseconds(Clock::time_point since)
-{
-    return std::chrono::duration<double, std::milli>(Clock::now() - since).count();
-}
 
 void Move(QWidget* widget, QPoint point, Qt::MouseButtons buttons)
 {
@@ -90,7 +80,7 @@ int main(int argc, char** argv)
         const auto start = Clock::now();
         RenderResponse(0, 0, int(view->width() * ratio), int(view->height() * ratio), params);
         glFinish();
-        frames.push_back(Milliseconds(start));
+        frames.push_back(MillisecondsSince(start));
     }
     view->doneCurrent();
 
@@ -102,7 +92,7 @@ int main(int argc, char** argv)
         const auto start = Clock::now();
         Move(window, QPoint(100 + round, 200), Qt::NoButton);
         loop.exec();
-        moves.push_back(Milliseconds(start));
+        moves.push_back(MillisecondsSince(start));
     }
 
     // (c) A left drag round the panner: each step sends both vectors and shows a new frame.
@@ -116,14 +106,14 @@ int main(int argc, char** argv)
         const QPoint point = centre + QPoint(int(60 * std::sin(a)), int(-60 * std::cos(a)));
         const auto start = Clock::now();
         Move(panner, point, Qt::LeftButton);
-        steps.push_back(Milliseconds(start));
+        steps.push_back(MillisecondsSince(start));
     }
 
     std::printf("response window %dx%d, panner view %dx%d, median of %d rounds\n", view->width(), view->height(),
                 2 * panner->CenterX, 2 * panner->CenterY, kRounds);
-    std::printf("  (a) graph frame, model and drawing to glFinish: %8.3f ms (aim: under 2)\n", Median(frames));
-    std::printf("  (b) mouse move to the frame presented:          %8.3f ms (aim: under 10)\n", Median(moves));
-    std::printf("  (c) panner drag step, two sets and the frame:   %8.3f ms (aim: under 0.5)\n", Median(steps));
+    std::printf("  (a) graph frame, model and drawing to glFinish: %8.3f ms (aim: under 2)\n", bench_support::Median(frames));
+    std::printf("  (b) mouse move to the frame presented:          %8.3f ms (aim: under 10)\n", bench_support::Median(moves));
+    std::printf("  (c) panner drag step, two sets and the frame:   %8.3f ms (aim: under 0.5)\n", bench_support::Median(steps));
     delete panner; // takes the response window with it
     return 0;
 }

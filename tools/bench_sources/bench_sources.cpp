@@ -5,8 +5,8 @@
 
 #include "controls/CXTabCtrl.h"
 #include "controls/ControlResources.h"
-#include "engine/EFX_Factory.h"
 #include "shell/CEFXListSrcDlg.h"
+#include "tools/BenchSupport.h"
 #include "tools/LiveSlot.h"
 #include "values/UI_EFX_Bridge.h"
 
@@ -21,13 +21,8 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-double Median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
+using bench_support::Clock;
+using bench_support::MillisecondsSince;
 
 // What follows a command before the user sees its result: the events it posted (layouts, polish,
 // deferred deletes) delivered, then the window painted.
@@ -44,12 +39,9 @@ int main(int argc, char** argv)
     ChoosePlatformOptions();
     QApplication application(argc, argv);
     InitControlResources();
-    EFX_Factory::SelectDevice("");
     UI_EFX_Bridge bridge;
-    if (!bridge.InitializeEngine(3, 0, 4)) {
-        std::fprintf(stderr, "bench_sources: no EFX device\n");
+    if (!tool_support::StartEngine(bridge, "bench_sources"))
         return 1;
-    }
     if (bridge.GetAutoPlay())
         bridge.ToggleAutoPlay();
     CEFXListSrcDlg window(nullptr);
@@ -66,7 +58,7 @@ int main(int argc, char** argv)
         const auto start = Clock::now();
         window.AddSourceFile(tone, QStringLiteral("tone %1.wav").arg(i));
         Settle(window);
-        adds.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+        adds.push_back(MillisecondsSince(start));
     }
     std::vector<double> deletes;
     while (window.SourceCount() > 1) {
@@ -74,13 +66,13 @@ int main(int argc, char** argv)
         const auto start = Clock::now();
         window.DeleteSource();
         Settle(window);
-        deletes.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+        deletes.push_back(MillisecondsSince(start));
     }
     std::printf("context/source window, 128 sources added, then source 0 deleted until one is left\n");
     std::printf("  add (panel, tab, write-back, shown):   median %6.2f ms, slowest %6.2f ms (aim: under 30)\n",
-                Median(adds), *std::max_element(adds.begin(), adds.end()));
+                bench_support::Median(adds), *std::max_element(adds.begin(), adds.end()));
     std::printf("  delete (with the later panels renumbered): median %6.2f ms, slowest %6.2f ms (aim: under 30)\n",
-                Median(deletes), *std::max_element(deletes.begin(), deletes.end()));
+                bench_support::Median(deletes), *std::max_element(deletes.begin(), deletes.end()));
     QFile::remove(tone);
     return 0;
 }
