@@ -29,11 +29,9 @@ class ConfWaveOut : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        const char* folder = std::getenv("SONOPTIC_PROFILE_DIR");
+        const char* folder = WaveWriterFolder();
         if (!folder)
             GTEST_SKIP() << "runs under its own OpenAL Soft configuration, with the wave writer";
-        // The configuration names the wave writer; a driver list from the environment would win.
-        setenv("ALSOFT_DRIVERS", "wave", 1);
         m_folder = folder;
         m_output = m_folder + "/out.wav";
     }

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <thread>
@@ -52,6 +53,17 @@ inline std::vector<float> WhiteNoise(double seconds)
     for (float& sample : samples)
         sample = uniform(random);
     return samples;
+}
+
+// The scratch folder of a suite run under a wave writer configuration, with the wave writer chosen
+// over any driver list of the environment (which would win over the configuration); null when the
+// suite runs without one and should skip.
+inline const char* WaveWriterFolder()
+{
+    const char* folder = std::getenv("SONOPTIC_PROFILE_DIR");
+    if (folder)
+        setenv("ALSOFT_DRIVERS", "wave", 1);
+    return folder;
 }
 
 inline void Wait(int milliseconds)

@@ -48,10 +48,9 @@ class ConfWavePanels : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        const char* folder = std::getenv("SONOPTIC_PROFILE_DIR");
+        const char* folder = WaveWriterFolder();
         if (!folder)
             GTEST_SKIP() << "runs under its own OpenAL Soft configuration, with the wave writer";
-        setenv("ALSOFT_DRIVERS", "wave", 1);
         m_folder = folder;
         m_burst = m_folder + "/burst.wav";
         std::vector<float> burst = WhiteNoise(0.05);
