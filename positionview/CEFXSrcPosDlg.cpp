@@ -229,11 +229,6 @@ void CEFXSrcPosDlg::OnPlane(std::int32_t plane)
     Redraw();
 }
 
-QRect CEFXSrcPosDlg::ViewInDialog() const
-{
-    return View->geometry();
-}
-
 void CEFXSrcPosDlg::Paint(QPainter& painter)
 {
     UI_EFX_Bridge* bridge = UI_EFX_Bridge::GetInstance();
@@ -287,7 +282,7 @@ void CEFXSrcPosDlg::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     UI_EFX_Bridge* bridge = UI_EFX_Bridge::GetInstance();
-    const QRect view = ViewInDialog();
+    const QRect view = View->geometry(); // presses and moves come in the dialog's coordinates
     const ViewPixel press{event->position().toPoint().x(), event->position().toPoint().y()};
     float position[3] = {};
     if (EFX_Context* context = bridge->GetContext()) {
@@ -322,7 +317,7 @@ void CEFXSrcPosDlg::mouseMoveEvent(QMouseEvent* event)
     if (!rect().contains(point) || DragMode == DragNone)
         return;
     UI_EFX_Bridge* bridge = UI_EFX_Bridge::GetInstance();
-    const QRect view = ViewInDialog();
+    const QRect view = View->geometry(); // presses and moves come in the dialog's coordinates
     float position[3] = {};
     float moved[3] = {};
     switch (DragMode) {

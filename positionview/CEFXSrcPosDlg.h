@@ -63,8 +63,6 @@ protected:
 private:
     friend class PositionViewWidget;
     void Paint(QPainter& painter);
-    // The view's rectangle in the dialog, where presses and moves are compared.
-    QRect ViewInDialog() const;
     void TextAt(QPainter& painter, int x, int y, const QString& text, const QColor& colour);
 
     QPixmap m_sourceDot, m_listenerDot, m_ring;
