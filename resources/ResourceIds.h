@@ -16,6 +16,7 @@ constexpr int IDD_SOURCE = 152;
 constexpr int IDD_REVERB_PANNER = 173;
 constexpr int IDD_REVERB_RESPONSE = 175;
 constexpr int IDD_POSITION = 174;
+constexpr int IDD_BROWSER = 177;
 
 // Strings.
 constexpr const char* IDS_ABOUTBOX = "&About Sonoptic..."; // string 101
@@ -141,6 +142,19 @@ constexpr int IDC_POSITION_SCALE = 1078;
 constexpr int IDC_PLANE_TOP = 1157;
 constexpr int IDC_PLANE_SIDE = 1155;
 constexpr int IDC_PLANE_REAR = 1156;
+
+// The preset browser: its tree, the capture and load buttons of slots 0 to 3, the check box that lets a
+// load change the slot's effect, the group and delete buttons, and its menu 178.
+constexpr int IDC_PRESET_TREE = 1182;
+constexpr int IDC_SAVE_SLOT_0 = 1003;  // 1003 to 1006
+constexpr int IDC_LOAD_IN_SLOT_0 = 1007; // 1007 to 1010
+constexpr int IDC_LOAD_EFFECT_IF_NEEDED = 1302;
+constexpr int IDC_CREATE_GROUP = 1183;
+constexpr int IDC_DELETE_SELECTED = 1185;
+constexpr int IDR_BROWSER_MENU = 178;
+constexpr int ID_BROWSER_LOAD_FILE = 32800;
+constexpr int ID_BROWSER_SAVE = 57603;
+constexpr int ID_BROWSER_SAVE_AS = 32802;
 
 // Inside a decimal display: the in-place edit and the two arrows.
 constexpr int IDC_DISPLAY_EDIT = 1000;

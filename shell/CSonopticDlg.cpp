@@ -6,6 +6,7 @@
 #include "engine/EFX_Factory.h"
 #include "panels/FXS_Panel.h"
 #include "positionview/CEFXSrcPosDlg.h"
+#include "presets/CEFXBrowser.h"
 #include "shell/CAboutDlg.h"
 #include "shell/CConsoleList.h"
 #include "shell/CEFXListSrcDlg.h"
@@ -73,6 +74,8 @@ CSonopticDlg::~CSonopticDlg()
     m_contextWindow = nullptr;
     delete m_positionWindow;
     m_positionWindow = nullptr;
+    delete m_browser;
+    m_browser = nullptr;
     if (m_bridge) {
         m_bridge->SetLogList(nullptr);
         m_bridge->SetMainDialog(nullptr);
@@ -253,8 +256,17 @@ void CSonopticDlg::ShowPositionWindow()
     m_positionWindow->raise();
 }
 
-// The effect file browser is made here on first demand once it exists; until then this shows nothing.
-void CSonopticDlg::ShowBrowser() {}
+// The one preset browser, made at the first need with no parent, like the position window. It lives
+// until the program ends; its close box hides it with its document.
+void CSonopticDlg::ShowBrowser()
+{
+    if (!m_browser) {
+        m_browser = new CEFXBrowser(nullptr);
+        m_browser->InitDialog();
+    }
+    m_browser->show();
+    m_browser->raise();
+}
 
 void CSonopticDlg::RedrawPositionWindow()
 {

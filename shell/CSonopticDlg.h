@@ -9,6 +9,7 @@
 #include <array>
 
 class CConsoleList;
+class CEFXBrowser;
 class CEFXListSrcDlg;
 class CEFXSrcPosDlg;
 class QAction;
@@ -21,7 +22,7 @@ class UI_EFX_Bridge;
 class CSonopticDlg : public CDialog, public BridgeMainDialog {
 public:
     explicit CSonopticDlg(UI_EFX_Bridge* bridge, QWidget* parent = nullptr);
-    // Destroys the slot panels first, then the modeless windows.
+    // Destroys the slot panels first, then the modeless windows, the preset browser last.
     ~CSonopticDlg() override;
 
     void ShowSlot(int index);
@@ -38,6 +39,7 @@ public:
     CConsoleList* Console() const { return m_console; }
     CEFXListSrcDlg* ContextWindow() const { return m_contextWindow; }
     CEFXSrcPosDlg* PositionWindow() const { return m_positionWindow; }
+    CEFXBrowser* Browser() const { return m_browser; }
     QAction* MenuAction(int id) const;
 
 protected:
@@ -60,6 +62,7 @@ private:
     std::array<QWidget*, 4> m_slotPanel{};
     CEFXListSrcDlg* m_contextWindow = nullptr;
     CEFXSrcPosDlg* m_positionWindow = nullptr;
+    CEFXBrowser* m_browser = nullptr;
     QWidget* m_client = nullptr;
     std::array<QAction*, std::size(main_dialog::kMenu)> m_actions{};
 };

@@ -9,6 +9,7 @@
 #include "panels/Source3D_Panel.h"
 #include "resources/ResourceIds.h"
 #include "shell/CEFXListSrcDlg.h"
+#include "tests/shell/DialogAnswers.h"
 
 #include <QAccessible>
 #include <QAccessibleValueInterface>
@@ -34,68 +35,6 @@
 using bridge_test::SourcePeek;
 
 namespace {
-
-// Runs action, reads the message box it opens and presses OK; empty if none opened. The box is looked
-// for until the action returns, so that a slow build does not miss it and wait on it for ever.
-std::string MessageOf(const std::function<void()>& action)
-{
-    std::string text;
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&text] {
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            text = box->text().toStdString();
-            box->accept();
-        }
-    });
-    poll.start(20);
-    action();
-    return text;
-}
-
-// Answers the next file dialog as a user would: picks path, or cancels when path is empty. Returns the
-// dialog's title and folder so that the caller can check what the user was shown.
-struct FileDialogAnswer {
-    QString title;
-    QString folder;
-};
-
-FileDialogAnswer PickFile(QWidget* owner, const QString& path, const std::function<void()>& action)
-{
-    FileDialogAnswer seen;
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        auto* dialog = owner->findChild<QFileDialog*>();
-        if (!dialog || !dialog->isVisible())
-            return;
-        poll.stop();
-        seen = {dialog->windowTitle(), dialog->directory().absolutePath()};
-        if (path.isEmpty()) {
-            dialog->reject();
-            return;
-        }
-        // As a user does: the path typed into the name field, then Open.
-        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        auto* buttons = dialog->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-        if (!name || !buttons || !buttons->button(QDialogButtonBox::Open)) {
-            ADD_FAILURE() << "the file dialog has no name field or no Open button";
-            dialog->reject();
-            return;
-        }
-        name->setText(path);
-        buttons->button(QDialogButtonBox::Open)->click();
-    });
-    poll.start(20);
-    // A dialog that never shows must not hold the run: whatever is modal after five seconds is closed.
-    QTimer guard;
-    guard.setSingleShot(true);
-    QObject::connect(&guard, &QTimer::timeout, [] {
-        if (QWidget* modal = QApplication::activeModalWidget())
-            modal->close();
-    });
-    guard.start(5000);
-    action();
-    return seen;
-}
 
 class ContextSourceWindowTest : public bridge_test::BridgeTest {
 protected:

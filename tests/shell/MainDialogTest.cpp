@@ -3,6 +3,7 @@
 #include "engine/ProcAddress.h"
 #include "panels/FXS_Panel.h"
 #include "positionview/CEFXSrcPosDlg.h"
+#include "presets/CEFXBrowser.h"
 #include "reverbview/FXPanner.h"
 #include "resources/ResourceIds.h"
 #include "shell/CConsoleList.h"
@@ -294,6 +295,29 @@ TEST(MainDialog, CtrlPAndBothMenusShowTheOnePositionWindowWhichOutlivesItsClosin
         EXPECT_EQ(dialog.PositionWindow(), window);
         dialog.ContextWindow()->close();
         window->close();
+    });
+}
+
+TEST(MainDialog, CtrlBShowsTheOnePresetBrowserAgainAfterItsCloseBoxHidIt)
+{
+    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
+        XKeyboard keyboard;
+        ASSERT_TRUE(keyboard.Available());
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        EXPECT_EQ(dialog.Browser(), nullptr);
+        keyboard.Chord({"Control_L"}, "b");
+        CEFXBrowser* browser = dialog.Browser();
+        ASSERT_NE(browser, nullptr);
+        EXPECT_TRUE(browser->isVisible());
+        browser->close();
+        EXPECT_FALSE(browser->isVisible());
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        keyboard.Chord({"Control_L"}, "b");
+        EXPECT_EQ(dialog.Browser(), browser);
+        EXPECT_TRUE(browser->isVisible());
+        browser->close();
     });
 }
 

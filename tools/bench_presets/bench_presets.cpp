@@ -2,7 +2,7 @@
 // effect entries, half of them in groups two deep, written to a real file and read back.
 
 #include "presets/CEFXPresetTree.h"
-#include "presets/EffectTable.h"
+#include "tools/LargePresetDocument.h"
 
 #include <chrono>
 #include <cstdio>
@@ -23,24 +23,6 @@ int CountNodes(const PresetNode* node)
     return count;
 }
 
-void BuildDocument(CEFXPresetTree& tree)
-{
-    tree.BuildDefaultTree();
-    std::vector<PresetNode*> groups;
-    for (PresetNode* entry = tree.Root()->firstChild; entry; entry = entry->nextSibling)
-        groups.push_back(tree.AddGroup(tree.AddGroup(entry, u"my_Preset_Group (edit me)"), u"inner group"));
-    int made = 0;
-    for (PresetNode* entry = tree.Root()->firstChild; made < kPresets; entry = entry->nextSibling) {
-        if (!entry)
-            entry = tree.Root()->firstChild;
-        const auto size = static_cast<EffectNode*>(entry)->paramSize;
-        std::vector<std::uint8_t> record(size, static_cast<std::uint8_t>(made));
-        PresetNode* parent = made % 2 ? entry : groups[static_cast<std::size_t>(made) % groups.size()];
-        tree.AddPreset(parent, u"my_EAX_Reverb_Preset (edit me)", record.data(), size);
-        ++made;
-    }
-}
-
 double Milliseconds(Clock::duration d)
 {
     return std::chrono::duration<double, std::milli>(d).count();
@@ -51,7 +33,7 @@ double Milliseconds(Clock::duration d)
 int main()
 {
     CEFXPresetTree tree;
-    BuildDocument(tree);
+    tool_support::BuildLargeDocument(tree, kPresets);
     std::FILE* file = std::tmpfile();
     if (!file)
         return 1;
