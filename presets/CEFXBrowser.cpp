@@ -41,6 +41,8 @@ const QString kNoGroupHere = QStringLiteral(
     "Invalid selection:\n\tyou cannot create a Preset Group under this node.\nClick on an Effect or another Preset "
     "Group");
 constexpr char16_t kNewGroupName[] = u"my_Preset_Group (edit me)";
+// The item data that marks the library's items.
+constexpr int kLibraryRole = Qt::UserRole + 1;
 
 // A node's label as the tree shows it: the low byte of each unit, read as Latin-1.
 QString ItemText(const PresetNode& node)
@@ -95,6 +97,7 @@ CEFXBrowser::CEFXBrowser(QWidget* parent)
       m_fileName(QString::fromUtf8(browser_layout::kUnsavedFileName))
 {
     m_document->BuildDefaultTree();
+    m_libraryIndex = BuildStandardLibrary(m_library);
     setWindowTitle(QStringLiteral("EFX Browser"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -122,6 +125,19 @@ CEFXBrowser::CEFXBrowser(QWidget* parent)
             &CEFXBrowser::OnCreateGroup);
     connect(FindControlAs<QPushButton>(client, res::IDC_DELETE_SELECTED), &QPushButton::clicked, this,
             &CEFXBrowser::OnDeleteSelected);
+    connect(FindControlAs<QPushButton>(client, res::IDC_COPY_TO_DOCUMENT), &QPushButton::clicked, this,
+            &CEFXBrowser::OnCopyToDocument);
+    auto rememberOpen = [this](QTreeWidgetItem* item, bool open) {
+        if (!IsLibraryItem(item))
+            return;
+        if (open)
+            m_libraryOpen.insert(NodeOf(item));
+        else
+            m_libraryOpen.remove(NodeOf(item));
+    };
+    connect(m_tree, &QTreeWidget::itemExpanded, this, [rememberOpen](QTreeWidgetItem* item) { rememberOpen(item, true); });
+    connect(m_tree, &QTreeWidget::itemCollapsed, this,
+            [rememberOpen](QTreeWidgetItem* item) { rememberOpen(item, false); });
     MenuAction(res::ID_BROWSER_SAVE)->setEnabled(false);
 }
 
@@ -180,18 +196,34 @@ PresetNode* CEFXBrowser::SelectedNode() const
     return NodeOf(SelectedItem());
 }
 
+bool CEFXBrowser::IsLibraryItem(const QTreeWidgetItem* item)
+{
+    return item && item->data(0, kLibraryRole).toBool();
+}
+
+const StandardReverb* CEFXBrowser::LibraryReverbOf(const QTreeWidgetItem* item) const
+{
+    if (!IsLibraryItem(item))
+        return nullptr;
+    const auto found = m_libraryIndex.find(NodeOf(item));
+    return found == m_libraryIndex.end() ? nullptr : found->second;
+}
+
 void CEFXBrowser::RefreshTree()
 {
     m_tree->clear();
-    // After a failed load there is no document, and the control stays empty.
-    if (!m_document)
+    // After a failed load there is no document: the control holds the library alone.
+    if (!m_document) {
+        FillLibrary();
         return;
+    }
     auto* top = new QTreeWidgetItem(QStringList{m_fileName});
     top->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     // The items are made before the top item joins the control, so that the view lays them out once.
     FillTree(m_document->Root()->firstChild, top);
     m_tree->addTopLevelItem(top);
     m_tree->expandAll();
+    FillLibrary();
     m_tree->setCurrentItem(nullptr);
     m_tree->clearSelection();
 }
@@ -209,10 +241,31 @@ void CEFXBrowser::FillTree(PresetNode* node, QTreeWidgetItem* parentItem)
     }
 }
 
+void CEFXBrowser::FillLibrary()
+{
+    auto* top = new QTreeWidgetItem(QStringList{QString::fromUtf8(kStandardLibraryTitle)});
+    top->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    FillTree(m_library.Root()->firstChild, top);
+    // Read-only: no item of it can be renamed, and each says that it belongs to the library.
+    QList<QTreeWidgetItem*> items{top};
+    for (int i = 0; i < items.size(); ++i) {
+        QTreeWidgetItem* item = items[i];
+        item->setData(0, kLibraryRole, true);
+        item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+        for (int c = 0; c < item->childCount(); ++c)
+            items.append(item->child(c));
+    }
+    // Opening items fires the signal that records them: the set is copied before.
+    const QSet<const PresetNode*> open = m_libraryOpen;
+    m_tree->addTopLevelItem(top);
+    for (QTreeWidgetItem* item : items)
+        item->setExpanded(open.contains(NodeOf(item)));
+}
+
 bool CEFXBrowser::CanEditSelectedLabel() const
 {
     const QTreeWidgetItem* selected = SelectedItem();
-    return selected && selected != m_tree->topLevelItem(0);
+    return selected && selected != m_tree->topLevelItem(0) && !IsLibraryItem(selected);
 }
 
 void CEFXBrowser::EndLabelEdit(const QString& text)
@@ -241,7 +294,8 @@ void CEFXBrowser::SaveSlotState(int n)
         EffectNode* entry = m_document->FindEffect(guid);
         return entry ? entry : m_document->EnsureEffectNode(guid);
     };
-    PresetNode* selected = SelectedNode();
+    // Nothing is captured into the library: a selection there counts as none.
+    PresetNode* selected = IsLibraryItem(SelectedItem()) ? nullptr : SelectedNode();
     PresetNode* parent = nullptr;
     if (!selected || selected->id == preset_tag::kEffect) {
         // A selected entry of another effect is passed over without a word.
@@ -276,6 +330,8 @@ void CEFXBrowser::LoadPresetInSlot(int n)
         return;
     }
     const EffectGuid presetGuid = GetEffectGuid(node);
+    // A library reverb also fits a standard reverb slot, with the values that effect has.
+    const StandardReverb* reverb = LibraryReverbOf(SelectedItem());
     UI_EFX_Bridge* bridge = UI_EFX_Bridge::GetInstance();
     EFX_Factory* factory = bridge ? bridge->GetFactory() : nullptr;
     int type = 0;
@@ -288,7 +344,7 @@ void CEFXBrowser::LoadPresetInSlot(int n)
     EffectGuid slotGuid;
     EffectTypeToGuid(type, slotGuid);
     int presetType = type;
-    if (slotGuid != presetGuid) {
+    if (slotGuid != presetGuid && !(reverb && type == kEffectReverb)) {
         if (!loadEffect) {
             AfxMessageBox(kWrongEffect);
             return;
@@ -304,8 +360,12 @@ void CEFXBrowser::LoadPresetInSlot(int n)
         bridge->RefreshSlotPanel(n);
     }
 
-    auto* preset = static_cast<PresetDataNode*>(node);
-    ApplyPreset(*factory, static_cast<std::uint32_t>(n), presetGuid, preset->data.get(), preset->dataSize);
+    if (reverb) {
+        ApplyReverbValues(*factory, static_cast<std::uint32_t>(n), presetType, StandardReverbValues(*reverb));
+    } else {
+        auto* preset = static_cast<PresetDataNode*>(node);
+        ApplyPreset(*factory, static_cast<std::uint32_t>(n), presetGuid, preset->data.get(), preset->dataSize);
+    }
     // The setters' lines have gathered in the slot's log: the whole load is one entry of the console.
     bridge->FlushSlotLog(n);
     bridge->RefreshEffectValues(n, presetType);
@@ -313,7 +373,7 @@ void CEFXBrowser::LoadPresetInSlot(int n)
 
 void CEFXBrowser::OnCreateGroup()
 {
-    PresetNode* node = SelectedNode();
+    PresetNode* node = IsLibraryItem(SelectedItem()) ? nullptr : SelectedNode();
     if (!m_document || !node || (node->id != preset_tag::kEffect && node->id != preset_tag::kPresetGroup)) {
         AfxMessageBox(kNoGroupHere);
         return;
@@ -325,9 +385,39 @@ void CEFXBrowser::OnCreateGroup()
 void CEFXBrowser::OnDeleteSelected()
 {
     PresetNode* node = SelectedNode();
-    if (!m_document || !node)
+    if (!m_document || !node || IsLibraryItem(SelectedItem()))
         return;
     m_document->DeleteNode(node);
+    RefreshTree();
+}
+
+void CEFXBrowser::CopyLibraryNode(const PresetNode* node, PresetNode* parent)
+{
+    if (node->id == preset_tag::kPreset) {
+        const auto* preset = static_cast<const PresetDataNode*>(node);
+        m_document->AddPreset(parent, node->name, preset->data.get(), preset->dataSize);
+        return;
+    }
+    if (node->id == preset_tag::kPresetGroup)
+        parent = m_document->AddGroup(parent, node->name);
+    for (const PresetNode* child = node->firstChild; child && parent; child = child->nextSibling)
+        CopyLibraryNode(child, parent);
+}
+
+void CEFXBrowser::OnCopyToDocument()
+{
+    QTreeWidgetItem* item = SelectedItem();
+    if (!m_document || !IsLibraryItem(item))
+        return;
+    const PresetNode* node = NodeOf(item);
+    if (!node) // the library's top item: all of it
+        node = m_library.Root()->firstChild;
+    const EffectGuid guid = GetEffectGuid(node);
+    EffectNode* entry = m_document->FindEffect(guid);
+    if (!entry)
+        entry = m_document->EnsureEffectNode(guid);
+    if (entry)
+        CopyLibraryNode(node, entry);
     RefreshTree();
 }
 
@@ -407,6 +497,7 @@ void CEFXBrowser::LoadFromFile(const QString& path)
     std::FILE* stream = OpenFile(path, "rb");
     if (!stream) {
         AfxMessageBox(QStringLiteral("Error opening file"));
+        FillLibrary();
         return;
     }
     m_document = std::make_unique<CEFXPresetTree>();

@@ -151,6 +151,7 @@ constexpr int IDC_LOAD_IN_SLOT_0 = 1007; // 1007 to 1010
 constexpr int IDC_LOAD_EFFECT_IF_NEEDED = 1302;
 constexpr int IDC_CREATE_GROUP = 1183;
 constexpr int IDC_DELETE_SELECTED = 1185;
+constexpr int IDC_COPY_TO_DOCUMENT = 1186; // copies from the standard reverb library
 constexpr int IDR_BROWSER_MENU = 178;
 constexpr int ID_BROWSER_LOAD_FILE = 32800;
 constexpr int ID_BROWSER_SAVE = 57603;

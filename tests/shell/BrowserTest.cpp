@@ -9,6 +9,8 @@
 #include "presets/CEFXBrowser.h"
 #include "presets/CEFXPresetTree.h"
 #include "presets/EffectTable.h"
+#include "presets/PresetLabels.h"
+#include "presets/StandardReverbLibrary.h"
 #include "resources/ResourceIds.h"
 #include "shell/CConsoleList.h"
 #include "shell/CSonopticDlg.h"
@@ -23,6 +25,7 @@
 #include <QTreeWidget>
 
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -99,7 +102,7 @@ protected:
         return knob && knob->valueInterface() ? knob->valueInterface()->currentValue().toDouble() : -12345;
     }
 
-    // The whole tree as indented lines; an item that has children and is not open is marked "+".
+    // The document's tree as indented lines; an item that has children and is not open is marked "+".
     std::string Outline() const
     {
         std::string text;
@@ -110,7 +113,8 @@ protected:
                 walk(item->child(i), depth + 1);
         };
         for (int i = 0; i < tree->topLevelItemCount(); ++i)
-            walk(tree->topLevelItem(i), 0);
+            if (!CEFXBrowser::IsLibraryItem(tree->topLevelItem(i)))
+                walk(tree->topLevelItem(i), 0);
         return text;
     }
     // The item of that label (the first in the outline's order, the n-th with n), selected as a click does.
@@ -457,12 +461,177 @@ TEST_F(BrowserTest, BadFilesAndFailedSavesSayWhatHappenedAndLoseNothingElse)
     const std::string missing = TempPath("no such file.efx");
     EXPECT_EQ(MessageOf([&] { PickFile(browser, QString::fromStdString(missing), [&] { browser->OnLoadFile(); }); }),
               "Error opening file");
-    EXPECT_EQ(tree->topLevelItemCount(), 0);
+    EXPECT_EQ(Outline(), "");
     EXPECT_EQ(browser->Document(), nullptr);
     EXPECT_EQ(PressForMessage(res::IDC_SAVE_SLOT_0 + echo), "");
     EXPECT_EQ(PressForMessage(res::IDC_DELETE_SELECTED), "");
     EXPECT_EQ(MessageOf([&] { browser->OnSave(); }), "Nothing to save");
-    EXPECT_EQ(tree->topLevelItemCount(), 0);
+    EXPECT_EQ(Outline(), "");
+}
+
+} // namespace
+
+namespace {
+
+// The EAX reverb's properties as OpenAL spells them, with the engine value each holds; those that a
+// standard reverb has too carry its token as well.
+struct ReverbToken {
+    ALenum eax;
+    ALenum reverb; // 0 where the standard reverb lacks it
+    int value;
+    int width = 1;
+};
+const ReverbToken kReverbTokens[] = {
+    {AL_EAXREVERB_DENSITY, AL_REVERB_DENSITY, eax_value::kDensity},
+    {AL_EAXREVERB_DIFFUSION, AL_REVERB_DIFFUSION, eax_value::kDiffusion},
+    {AL_EAXREVERB_GAIN, AL_REVERB_GAIN, eax_value::kGain},
+    {AL_EAXREVERB_GAINHF, AL_REVERB_GAINHF, eax_value::kGainHF},
+    {AL_EAXREVERB_GAINLF, 0, eax_value::kGainLF},
+    {AL_EAXREVERB_DECAY_TIME, AL_REVERB_DECAY_TIME, eax_value::kDecayTime},
+    {AL_EAXREVERB_DECAY_HFRATIO, AL_REVERB_DECAY_HFRATIO, eax_value::kDecayHFRatio},
+    {AL_EAXREVERB_DECAY_LFRATIO, 0, eax_value::kDecayLFRatio},
+    {AL_EAXREVERB_REFLECTIONS_GAIN, AL_REVERB_REFLECTIONS_GAIN, eax_value::kReflectionsGain},
+    {AL_EAXREVERB_REFLECTIONS_DELAY, AL_REVERB_REFLECTIONS_DELAY, eax_value::kReflectionsDelay},
+    {AL_EAXREVERB_REFLECTIONS_PAN, 0, eax_value::kReflectionsPan, 3},
+    {AL_EAXREVERB_LATE_REVERB_GAIN, AL_REVERB_LATE_REVERB_GAIN, eax_value::kLateReverbGain},
+    {AL_EAXREVERB_LATE_REVERB_DELAY, AL_REVERB_LATE_REVERB_DELAY, eax_value::kLateReverbDelay},
+    {AL_EAXREVERB_LATE_REVERB_PAN, 0, eax_value::kLateReverbPan, 3},
+    {AL_EAXREVERB_ECHO_TIME, 0, eax_value::kEchoTime},
+    {AL_EAXREVERB_ECHO_DEPTH, 0, eax_value::kEchoDepth},
+    {AL_EAXREVERB_MODULATION_TIME, 0, eax_value::kModulationTime},
+    {AL_EAXREVERB_MODULATION_DEPTH, 0, eax_value::kModulationDepth},
+    {AL_EAXREVERB_AIR_ABSORPTION_GAINHF, AL_REVERB_AIR_ABSORPTION_GAINHF, eax_value::kAirAbsorptionGainHF},
+    {AL_EAXREVERB_HFREFERENCE, 0, eax_value::kHFReference},
+    {AL_EAXREVERB_LFREFERENCE, 0, eax_value::kLFReference},
+    {AL_EAXREVERB_ROOM_ROLLOFF_FACTOR, AL_REVERB_ROOM_ROLLOFF_FACTOR, eax_value::kRoomRolloffFactor},
+    {AL_EAXREVERB_DECAY_HFLIMIT, AL_REVERB_DECAY_HFLIMIT, eax_value::kDecayHFLimit, 0},
+};
+
+class StandardLibraryTest : public BrowserTest {
+protected:
+    // The library's item of a reverb, found by its group and name.
+    QTreeWidgetItem* LibraryItem(const StandardReverb& reverb)
+    {
+        for (QTreeWidgetItem* item : tree->findItems(reverb.name, Qt::MatchExactly | Qt::MatchRecursive))
+            if (CEFXBrowser::IsLibraryItem(item) && item->parent()->text(0) == reverb.group)
+                return item;
+        return nullptr;
+    }
+    QTreeWidgetItem* LibraryTop()
+    {
+        return tree->topLevelItem(tree->topLevelItemCount() - 1);
+    }
+    // Every property of the slot's reverb against the reverb's values; the number of mismatches.
+    int Mismatches(int slot, bool eax, const StandardReverb& reverb)
+    {
+        const EAXReverbValues want = StandardReverbValues(reverb);
+        auto getEffectfv = reinterpret_cast<LPALGETEFFECTFV>(alGetProcAddress("alGetEffectfv"));
+        int wrong = 0;
+        for (const ReverbToken& row : kReverbTokens) {
+            const ALenum token = eax ? row.eax : row.reverb;
+            if (token == 0)
+                continue;
+            float got[3] = {-1, -1, -1};
+            if (row.width == 0)
+                got[0] = static_cast<float>(EffectInt(slot, token));
+            else if (row.width == 3)
+                getEffectfv(effect[slot], token, got);
+            else
+                got[0] = EffectFloat(slot, token);
+            for (int i = 0; i < std::max(row.width, 1); ++i)
+                if (got[i] != want[row.value + i]) {
+                    ADD_FAILURE() << reverb.token << " property " << std::hex << token << std::dec << ": " << got[i]
+                                  << " instead of " << want[row.value + i];
+                    ++wrong;
+                }
+        }
+        return wrong;
+    }
+};
+
+TEST_F(StandardLibraryTest, EveryStandardReverbLoadsItsExactValuesIntoAnEAXReverbOrAStandardReverbSlot)
+{
+    const int eax = MakeSlot(kEffectEAXReverb);
+    const int reverb = MakeSlot(kEffectReverb);
+    const int echo = MakeSlot(kEffectEcho);
+    ASSERT_EQ(kStandardReverbCount, 113u);
+    for (std::size_t i = 0; i < kStandardReverbCount; ++i) {
+        const StandardReverb& standard = kStandardReverbs[i];
+        QTreeWidgetItem* item = LibraryItem(standard);
+        ASSERT_NE(item, nullptr) << standard.group << " / " << standard.name;
+        tree->setCurrentItem(item);
+        browser->LoadPresetInSlot(eax);
+        browser->LoadPresetInSlot(reverb);
+        ASSERT_EQ(Mismatches(eax, true, standard) + Mismatches(reverb, false, standard), 0) << standard.token;
+    }
+    // The knobs follow: the last one's decay time on the EAX reverb's panel.
+    EXPECT_NEAR(KnobValue(eax, 1023), kStandardReverbs[kStandardReverbCount - 1].values.flDecayTime, 1e-6);
+
+    // Into a slot of another effect only with the box, which loads an EAX reverb there.
+    tree->setCurrentItem(LibraryItem(kStandardReverbs[7]));
+    EXPECT_NE(PressForMessage(res::IDC_LOAD_IN_SLOT_0 + echo), "");
+    FindControlAs<QCheckBox>(browser, res::IDC_LOAD_EFFECT_IF_NEEDED)->click();
+    tree->setCurrentItem(LibraryItem(kStandardReverbs[7]));
+    Press(res::IDC_LOAD_IN_SLOT_0 + echo);
+    EXPECT_EQ(EffectInt(echo, AL_EFFECT_TYPE), AL_EFFECT_EAXREVERB);
+    EXPECT_EQ(Mismatches(echo, true, kStandardReverbs[7]), 0);
+}
+
+TEST_F(StandardLibraryTest, TheLibraryIsReadOnlyKeepsItsOpenItemsAndCopiesIntoTheDocumentThatSavesIt)
+{
+    QTreeWidgetItem* top = LibraryTop();
+    EXPECT_EQ(top->text(0), "Standard reverbs (read-only)");
+    ASSERT_EQ(top->childCount(), 1);
+    QStringList groups;
+    for (int i = 0; i < top->child(0)->childCount(); ++i)
+        groups << top->child(0)->child(i)->text(0);
+    EXPECT_EQ(groups, QStringList({"Default", "Castle", "Factory", "Ice Palace", "Space Station", "Wooden Galleon",
+                                   "Sports", "Prefab", "Dome and Pipe", "Outdoors", "Mood", "Driving", "City",
+                                   "Misc"}));
+    EXPECT_EQ(top->child(0)->child(0)->child(1)->text(0), "Padded Cell");
+    EXPECT_FALSE(top->isExpanded());
+
+    // Opened by the user, it stays open through a refresh; nothing in it can be changed.
+    const int echo = MakeSlot(kEffectEcho);
+    top->setExpanded(true);
+    top->child(0)->setExpanded(true);
+    tree->setCurrentItem(top->child(0)->child(3)); // "Ice Palace"
+    EXPECT_EQ(PressForMessage(res::IDC_CREATE_GROUP), "Invalid selection:\n\tyou cannot create a Preset Group under "
+                                                      "this node.\nClick on an Effect or another Preset Group");
+    tree->setCurrentItem(LibraryTop()->child(0)->child(3));
+    Press(res::IDC_DELETE_SELECTED);
+    tree->setCurrentItem(LibraryTop()->child(0)->child(3));
+    Press(res::IDC_SAVE_SLOT_0 + echo); // captured into the document's Echo entry
+    top = LibraryTop();
+    EXPECT_TRUE(top->isExpanded() && top->child(0)->isExpanded());
+    EXPECT_FALSE(top->child(0)->child(3)->isExpanded());
+    EXPECT_EQ(top->child(0)->childCount(), 14);
+    EXPECT_NE(Outline().find("  Echo\n    my_Echo_Preset (edit me)\n"), std::string::npos);
+    tree->setCurrentItem(top->child(0)->child(0));
+    QTest::keyClick(tree, Qt::Key_F2);
+    EXPECT_EQ(tree->viewport()->findChild<QLineEdit*>(), nullptr);
+
+    // Copied whole, saved and read back: the same groups, names and records as the library's.
+    tree->setCurrentItem(LibraryTop());
+    Press(res::IDC_COPY_TO_DOCUMENT);
+    const std::string path = TempPath("library.efx");
+    PickFile(browser, QString::fromStdString(path), [&] { browser->OnSaveAs(); });
+    const PresetNode* copied = browser->Document()->Root()->firstChild; // the document's "EAX Reverb"
+    std::function<void(const PresetNode*, const PresetNode*)> same = [&](const PresetNode* a, const PresetNode* b) {
+        for (; a && b; a = a->nextSibling, b = b->nextSibling) {
+            EXPECT_EQ(a->id, b->id);
+            EXPECT_EQ(NarrowLabel(a->name), NarrowLabel(b->name));
+            if (a->id == preset_tag::kPreset) {
+                const auto* pa = static_cast<const PresetDataNode*>(a);
+                const auto* pb = static_cast<const PresetDataNode*>(b);
+                ASSERT_EQ(pa->dataSize, pb->dataSize);
+                EXPECT_EQ(std::memcmp(pa->data.get(), pb->data.get(), pa->dataSize), 0) << NarrowLabel(a->name);
+            }
+            same(a->firstChild, b->firstChild);
+        }
+        EXPECT_EQ(a == nullptr, b == nullptr);
+    };
+    same(copied->firstChild, browser->Library().Root()->firstChild->firstChild);
 }
 
 } // namespace
