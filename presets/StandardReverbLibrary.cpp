@@ -47,6 +47,21 @@ void SetValue(EFX_Factory& factory, std::uint32_t slotIndex, const SlotAccessor&
     SetSlotProperty(*slot, property, value);
 }
 
+void GetValue(EFX_Factory& factory, std::uint32_t slotIndex, const SlotAccessor& property, EAXReverbValues& values,
+              int index)
+{
+    EFX_EffectSlot* slot = factory.GetEffectSlot(slotIndex);
+    SlotValue value;
+    if (!slot || !GetSlotProperty(*slot, property, value))
+        return;
+    if (property.kind == PropertyKind::Vector)
+        std::copy_n(value.f, 3, values.begin() + index);
+    else if (property.kind == PropertyKind::Float)
+        values[index] = value.f[0];
+    else
+        values[index] = value.i != 0 ? 1.0f : 0.0f;
+}
+
 std::u16string Widened(const char* text)
 {
     return std::u16string(text, text + std::char_traits<char>::length(text));
@@ -115,4 +130,18 @@ void ApplyReverbValues(EFX_Factory& factory, std::uint32_t slotIndex, int effect
         for (const ReverbRow& row : kReverbRows)
             SetValue(factory, slotIndex, row.property, values, row.value);
     }
+}
+
+EAXReverbValues ReadReverbValues(EFX_Factory& factory, std::uint32_t slotIndex, int effectType)
+{
+    // The first standard reverb, "Generic", holds the EAX reverb's defaults.
+    EAXReverbValues values = StandardReverbValues(kStandardReverbs[0]);
+    if (effectType == kEffectEAXReverb) {
+        for (const EAXEngineRow& row : kEAXReverbEngine)
+            GetValue(factory, slotIndex, row.property, values, row.applyValue);
+    } else if (effectType == kEffectReverb) {
+        for (const ReverbRow& row : kReverbRows)
+            GetValue(factory, slotIndex, row.property, values, row.value);
+    }
+    return values;
 }

@@ -45,3 +45,7 @@ StandardReverbIndex BuildStandardLibrary(CEFXPresetTree& tree);
 // EAX reverb's engine values, one setter call each in the order of a preset's apply. Any other effect
 // type does nothing.
 void ApplyReverbValues(EFX_Factory& factory, std::uint32_t slotIndex, int effectType, const EAXReverbValues& values);
+
+// The other way: the values of a slot's EAX reverb, or of its standard reverb with the EAX reverb's
+// defaults for what that effect lacks. Each value read once, in its own place.
+EAXReverbValues ReadReverbValues(EFX_Factory& factory, std::uint32_t slotIndex, int effectType);

@@ -84,6 +84,9 @@ constexpr int ID_ADD_SOURCE = 32787;
 constexpr int ID_SHOW_POSITION_WINDOW = 32793;
 constexpr int ID_SUSPEND_CONTEXT = 32805;
 constexpr int ID_PROCESS_CONTEXT = 32806;
+// The shown slot's effect as C code: to the clipboard, or to a file.
+constexpr int ID_COPY_SLOT_CODE = 32820;
+constexpr int ID_SAVE_SLOT_CODE = 32821;
 
 // Slot panel: its box, the volume knob's place, "Send Auto", the effect list and "Load".
 constexpr int IDC_SLOT_BOX = 1015;

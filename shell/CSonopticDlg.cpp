@@ -7,11 +7,16 @@
 #include "panels/FXS_Panel.h"
 #include "positionview/CEFXSrcPosDlg.h"
 #include "presets/CEFXBrowser.h"
+#include "presets/EffectCode.h"
 #include "shell/CAboutDlg.h"
 #include "shell/CConsoleList.h"
 #include "shell/CEFXListSrcDlg.h"
 #include "values/UI_EFX_Bridge.h"
 
+#include <QClipboard>
+#include <QFile>
+#include <QFileDialog>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
@@ -121,6 +126,12 @@ void CSonopticDlg::RunCommand(MainCommand command)
     case MainCommand::ShowBrowser:
         ShowBrowser();
         break;
+    case MainCommand::CopySlotCode:
+        CopySlotCode();
+        break;
+    case MainCommand::SaveSlotCode:
+        SaveSlotCode();
+        break;
     case MainCommand::ShowContextWindow:
         ShowContextWindow();
         break;
@@ -199,6 +210,7 @@ void CSonopticDlg::ShowSlot(int index)
         }
     }
     SetSlotImage(index, true);
+    m_shownSlot = index;
     if (QWidget* panel = m_slotPanel[index]) {
         panel->move(FindControl(m_client, res::IDC_SLOT_PANEL_MARKER)->geometry().topLeft());
         panel->show();
@@ -266,6 +278,42 @@ void CSonopticDlg::ShowBrowser()
     }
     m_browser->show();
     m_browser->raise();
+}
+
+void CSonopticDlg::CopySlotCode()
+{
+    EFX_Factory* factory = m_bridge->GetFactory();
+    const std::string code = factory ? SlotEffectCode(*factory, m_shownSlot) : std::string();
+    if (code.empty()) {
+        AfxMessageBox(QStringLiteral("Slot %1 has not been created").arg(m_shownSlot));
+        return;
+    }
+    QGuiApplication::clipboard()->setText(QString::fromStdString(code));
+}
+
+void CSonopticDlg::SaveSlotCode()
+{
+    EFX_Factory* factory = m_bridge->GetFactory();
+    const std::string code = factory ? SlotEffectCode(*factory, m_shownSlot) : std::string();
+    if (code.empty()) {
+        AfxMessageBox(QStringLiteral("Slot %1 has not been created").arg(m_shownSlot));
+        return;
+    }
+    QFileDialog dialog(this, QStringLiteral("Save As"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters({QStringLiteral("C Header Files (*.h)"), QStringLiteral("All Files (*)")});
+    dialog.setDefaultSuffix(QStringLiteral("h"));
+    dialog.selectFile(QStringLiteral("slot%1_effect").arg(m_shownSlot));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return;
+    QFile file(dialog.selectedFiles().first());
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        file.write(code.data(), static_cast<qint64>(code.size())) != static_cast<qint64>(code.size()) ||
+        !file.flush()) {
+        AfxMessageBox(QStringLiteral("Error opening file for saving"));
+        return;
+    }
 }
 
 void CSonopticDlg::RedrawPositionWindow()

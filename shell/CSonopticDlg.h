@@ -31,6 +31,10 @@ public:
     void AddSource();
     void ShowPositionWindow();
     void ShowBrowser();
+    // The shown slot's effect as C code, on the clipboard or in a file the user names.
+    void CopySlotCode();
+    void SaveSlotCode();
+    int ShownSlot() const { return m_shownSlot; }
     void RedrawPositionWindow();
     void SetAutoPlayCheck(int flag) override;
     // The About box; what the system menu's entry 16 does.
@@ -64,5 +68,6 @@ private:
     CEFXSrcPosDlg* m_positionWindow = nullptr;
     CEFXBrowser* m_browser = nullptr;
     QWidget* m_client = nullptr;
+    int m_shownSlot = 0;
     std::array<QAction*, std::size(main_dialog::kMenu)> m_actions{};
 };

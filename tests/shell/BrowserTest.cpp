@@ -8,6 +8,7 @@
 #include "panels/FXS_Panel.h"
 #include "presets/CEFXBrowser.h"
 #include "presets/CEFXPresetTree.h"
+#include "presets/EffectCode.h"
 #include "presets/EffectTable.h"
 #include "presets/PresetLabels.h"
 #include "presets/StandardReverbLibrary.h"
@@ -19,6 +20,8 @@
 #include <QAccessibleValueInterface>
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QDir>
 #include <QLineEdit>
 #include <QTest>
@@ -467,6 +470,28 @@ TEST_F(BrowserTest, BadFilesAndFailedSavesSayWhatHappenedAndLoseNothingElse)
     EXPECT_EQ(PressForMessage(res::IDC_DELETE_SELECTED), "");
     EXPECT_EQ(MessageOf([&] { browser->OnSave(); }), "Nothing to save");
     EXPECT_EQ(Outline(), "");
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(BrowserTest, TheShownSlotsEffectGoesAsCodeToTheClipboardAndToAFile)
+{
+    MakeSlot(kEffectEcho);
+    const int chorus = MakeSlot(kEffectChorus);
+    main->ShowSlot(chorus);
+    main->MenuAction(res::ID_COPY_SLOT_CODE)->trigger();
+    const QString code = QGuiApplication::clipboard()->text();
+    EXPECT_TRUE(code.contains("alEffecti(effect, AL_EFFECT_TYPE, AL_EFFECT_CHORUS);\n")) << code.toStdString();
+    EXPECT_EQ(code.toStdString(), SlotEffectCode(*bridge->GetFactory(), chorus));
+
+    const std::string path = TempPath("chorus");
+    PickFile(main.get(), QString::fromStdString(path),
+             [&] { main->MenuAction(res::ID_SAVE_SLOT_CODE)->trigger(); });
+    EXPECT_EQ(QString::fromStdString(ReadBytes(path + ".h")), code);
+    main->ShowSlot(3);
+    EXPECT_EQ(MessageOf([&] { main->CopySlotCode(); }), "Slot 3 has not been created");
 }
 
 } // namespace
