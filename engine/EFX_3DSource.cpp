@@ -401,6 +401,19 @@ int EFX_3DSource::GetSourceType(int* type)
     return GetSourceLong(type, AL_SOURCE_TYPE, "AL_SOURCE_TYPE");
 }
 
+int EFX_3DSource::GetBufferChannels(int* channels)
+{
+    if (!channels || !alIsBuffer(m_buffer))
+        return 0;
+    ClearALError();
+    ALint count = 0;
+    alGetBufferi(m_buffer, AL_CHANNELS, &count);
+    if (!CheckALError())
+        return 0;
+    *channels = count;
+    return 1;
+}
+
 int EFX_3DSource::SetConeOuterGainHF(float gain)
 {
     return SetSourceFloat(gain, AL_CONE_OUTER_GAINHF, "AL_CONE_OUTER_GAINHF");

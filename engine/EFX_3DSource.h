@@ -33,6 +33,9 @@ public:
     // The flag that Play looks at; nothing sets it, so it is 0 even while the source sounds.
     virtual int IsPlaying();
     virtual int GetSourceType(int* type);
+    // The channels of the buffer's data, 1 for mono and 2 for stereo: OpenAL places only a mono
+    // buffer in 3D space. Logs nothing, as it changes nothing; 0 when OpenAL cannot tell.
+    virtual int GetBufferChannels(int* channels);
     // A new file into the same source and buffer. Stop the source first: a playing source keeps its
     // buffer.
     virtual int LoadFile(const char* path);

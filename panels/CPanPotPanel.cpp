@@ -4,6 +4,8 @@
 #include "controls/CPot.h"
 #include "controls/ControlId.h"
 #include "controls/ControlStyles.h"
+#include "panels/EffectPanelTables.h"
+#include "panels/KnobToolTip.h"
 #include "values/CConvertNumeric.h"
 #include "values/CEFXValObs.h"
 #include "values/UI_EFX_Bridge.h"
@@ -33,7 +35,7 @@ void BindKnob(Value* value, CPot* knob, CConvertNumericToLinearRange* converter,
 
 template <typename Value, typename Display>
 void AttachAndCreate(Value* value, CPot* knob, Display* display, QWidget* panel, QPoint corner, int controlId,
-                     const QString& name)
+                     const QString& name, const QString& toolTip)
 {
     value->AddObserver(knob, 1);
     value->AddObserver(display, 1);
@@ -43,6 +45,8 @@ void AttachAndCreate(Value* value, CPot* knob, Display* display, QWidget* panel,
         knob->setAccessibleName(name);
         display->setAccessibleName(name);
     }
+    knob->setToolTip(toolTip);
+    display->setToolTip(toolTip);
 }
 
 } // namespace
@@ -63,7 +67,14 @@ void CPanPotPanel::reject()
         CDialog::reject();
 }
 
-QPoint CPanPotPanel::TakePlaceholder(int controlId, QString* name)
+void CPanPotPanel::DescribeKnob(const PanelKnob& knob, const QString& name)
+{
+    QWidget* placeholder = FindControl(this, knob.id);
+    placeholder->setAccessibleName(name);
+    placeholder->setToolTip(QString::fromStdString(KnobToolTip(knob)));
+}
+
+QPoint CPanPotPanel::TakePlaceholder(int controlId, QString* name, QString* toolTip)
 {
     // A table that names a control its template lacks is a fault of the program, found at once.
     QWidget* placeholder = FindControl(this, controlId);
@@ -74,6 +85,7 @@ QPoint CPanPotPanel::TakePlaceholder(int controlId, QString* name)
     if (name->isEmpty())
         if (auto* label = qobject_cast<QLabel*>(placeholder))
             *name = label->text();
+    *toolTip = placeholder->toolTip();
     SetControlId(placeholder, 0);
     placeholder->hide();
     return placeholder->mapTo(this, QPoint(0, 0));
@@ -85,11 +97,12 @@ void CPanPotPanel::BindFloatKnob(CEFXFloatValObs* value, CPot* knob, CConvertNum
                                  std::uint16_t param, std::uint16_t extra, int style)
 {
     QString name;
-    const QPoint corner = TakePlaceholder(controlId, &name);
+    QString toolTip;
+    const QPoint corner = TakePlaceholder(controlId, &name, &toolTip);
     BindKnob(value, knob, converter, display, minimum, maximum, step, 0, category, index, param, extra, style);
     display->SetFloatValue(true);
     value->SetFloat(first);
-    AttachAndCreate(value, knob, display, this, corner, controlId, name);
+    AttachAndCreate(value, knob, display, this, corner, controlId, name, toolTip);
 }
 
 void CPanPotPanel::BindLongKnob(CEFXLongValObs* value, CPot* knob, CConvertNumericToLinearRange* converter,
@@ -99,8 +112,9 @@ void CPanPotPanel::BindLongKnob(CEFXLongValObs* value, CPot* knob, CConvertNumer
                                 std::uint16_t extra, int style)
 {
     QString name;
-    const QPoint corner = TakePlaceholder(controlId, &name);
+    QString toolTip;
+    const QPoint corner = TakePlaceholder(controlId, &name, &toolTip);
     BindKnob(value, knob, converter, display, minimum, maximum, step, 1, category, index, param, extra, style);
     value->SetLong(first);
-    AttachAndCreate(value, knob, display, this, corner, controlId, name);
+    AttachAndCreate(value, knob, display, this, corner, controlId, name, toolTip);
 }

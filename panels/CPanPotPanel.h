@@ -10,6 +10,7 @@ class CEFXLongValObs;
 class CFloatDecimalDisplay;
 class CLongDecimalDisplay;
 class CPot;
+struct PanelKnob;
 
 // The base of every panel with knobs. The panel's template marks each knob's place with a static
 // placeholder that carries the control's number; binding puts the real knob and its read-out there
@@ -33,6 +34,10 @@ public:
                       std::int32_t first, std::int32_t step, std::uint16_t category, std::uint16_t index,
                       std::uint16_t param, std::uint16_t extra, int style);
 
+    // Names a knob's placeholder for a screen reader and gives it the knob's tooltip (its property's
+    // token, range and unit); binding hands both on to the knob and its read-out.
+    void DescribeKnob(const PanelKnob& knob, const QString& name);
+
     // The knob's offset from its placeholder, and the read-out's.
     static constexpr QPoint kKnobOffset{5, 0};
     static constexpr QPoint kDisplayOffset{-3, 26};
@@ -46,9 +51,9 @@ protected:
     void reject() override;
 
 private:
-    // The placeholder's corner in the panel's coordinates, and its accessible name; the placeholder
-    // gives up its number to the knob and is hidden.
-    QPoint TakePlaceholder(int controlId, QString* name);
+    // The placeholder's corner in the panel's coordinates, its accessible name and its tooltip; the
+    // placeholder gives up its number to the knob and is hidden.
+    QPoint TakePlaceholder(int controlId, QString* name, QString* toolTip);
 
     int m_templateId;
 };

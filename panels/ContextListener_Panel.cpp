@@ -20,21 +20,22 @@ namespace {
 
 constexpr std::uint16_t kListener = 65535;
 
-// The listener's values: param, id, box, heading, caption, range, step, decimals, look, first value.
+// The listener's values: param, id, box, heading, caption, range, step, decimals, look, first value,
+// and the token of the property.
 constexpr PanelKnob kKnobTable[ContextListener_Panel::kKnobs] = {
-    {0, 1064, "OpenAL Context", "", "Doppler Factor", 0, 10, 0.1f, 2, 3, 7.77f, false},
-    {1, 1065, "Listener", "Position", "X", -10, 10, 0.1f, 2, 0, 0.77f, false},
-    {2, 1066, "Listener", "Position", "Y", -10, 10, 0.1f, 2, 0, 0.77f, false},
-    {3, 1067, "Listener", "Position", "Z", -10, 10, 0.1f, 2, 0, 0.77f, false},
-    {4, 1068, "Listener", "Orientation", "X", -1, 1, 0.1f, 2, 0, 0.77f, false},
-    {5, 1069, "Listener", "Orientation", "Y", -1, 1, 0.1f, 2, 0, 0.77f, false},
-    {6, 1070, "Listener", "Orientation", "Z", -1, 1, 0.1f, 2, 0, 1.77f, false},
-    {10, 1072, "Listener", "Velocity", "X", -10, 10, 0.1f, 2, 3, 0.77f, false},
-    {11, 1073, "Listener", "Velocity", "Y", -10, 10, 0.1f, 2, 3, 0.77f, false},
-    {12, 1074, "Listener", "Velocity", "Z", -10, 10, 0.1f, 2, 3, 0.77f, false},
-    {13, 1314, "OpenAL Context", "", "Speed of Sound", 0.001f, 10000, 1, 2, 3, 0.77f, false},
+    {0, 1064, "OpenAL Context", "", "Doppler Factor", 0, 10, 0.1f, 2, 3, 7.77f, false, 0, "AL_DOPPLER_FACTOR"},
+    {1, 1065, "Listener", "Position", "X", -10, 10, 0.1f, 2, 0, 0.77f, false, 0, "AL_POSITION"},
+    {2, 1066, "Listener", "Position", "Y", -10, 10, 0.1f, 2, 0, 0.77f, false, 0, "AL_POSITION"},
+    {3, 1067, "Listener", "Position", "Z", -10, 10, 0.1f, 2, 0, 0.77f, false, 0, "AL_POSITION"},
+    {4, 1068, "Listener", "Orientation", "X", -1, 1, 0.1f, 2, 0, 0.77f, false, 0, "AL_ORIENTATION"},
+    {5, 1069, "Listener", "Orientation", "Y", -1, 1, 0.1f, 2, 0, 0.77f, false, 0, "AL_ORIENTATION"},
+    {6, 1070, "Listener", "Orientation", "Z", -1, 1, 0.1f, 2, 0, 1.77f, false, 0, "AL_ORIENTATION"},
+    {10, 1072, "Listener", "Velocity", "X", -10, 10, 0.1f, 2, 3, 0.77f, false, 0, "AL_VELOCITY"},
+    {11, 1073, "Listener", "Velocity", "Y", -10, 10, 0.1f, 2, 3, 0.77f, false, 0, "AL_VELOCITY"},
+    {12, 1074, "Listener", "Velocity", "Z", -10, 10, 0.1f, 2, 3, 0.77f, false, 0, "AL_VELOCITY"},
+    {13, 1314, "OpenAL Context", "", "Speed of Sound", 0.001f, 10000, 1, 2, 3, 0.77f, false, 0, "AL_SPEED_OF_SOUND"},
     // The lower limit of -1 lets the user ask for what OpenAL refuses; the write-back returns the knob.
-    {14, 1330, "Listener", "", "Gain", -1, 5, 0.1f, 2, 1, 0.77f, false},
+    {14, 1330, "Listener", "", "Gain", -1, 5, 0.1f, 2, 1, 0.77f, false, 0, "AL_GAIN"},
 };
 
 constexpr const char* kDistanceModelCaptions[ContextListener_Panel::kDistanceModels] = {
@@ -87,7 +88,7 @@ ContextListener_Panel::ContextListener_Panel(QWidget* parent)
                             QRect(312, y + 20 + 22 * i, 270, 20)});
     BuildDialog(this, "", QSize(kWidth, y + 186), controls.data(), static_cast<int>(controls.size()));
     for (const PanelKnob& knob : kKnobTable)
-        FindControl(this, knob.id)->setAccessibleName(KnobName(knob));
+        DescribeKnob(knob, KnobName(knob));
     for (QGroupBox* box : findChildren<QGroupBox*>())
         for (const BoxNumber& number : kBoxNumbers)
             if (box->title() == QLatin1String(number.title))

@@ -22,6 +22,7 @@ struct PanelKnob {
     float first;
     bool isLong;
     int captionId = 0; // the number of the caption over the knob, where code needs to find it
+    const char* token = ""; // the property's OpenAL token, "AL_ECHO_DELAY", for the knob's tooltip
 };
 
 // One combo box; the position of an entry is the property's value.

@@ -71,7 +71,7 @@ FXS_EffectPanel::FXS_EffectPanel(const EffectPanelTable& table, QWidget* parent,
     BuildControls(this, layout.controls.data(), static_cast<int>(layout.controls.size()));
     setFixedSize(layout.size);
     for (const PanelKnob& knob : table.knobs)
-        FindControl(this, knob.id)->setAccessibleName(KnobName(knob));
+        DescribeKnob(knob, KnobName(knob));
 }
 
 FXS_EffectPanel::~FXS_EffectPanel()

@@ -5,6 +5,7 @@
 #include "controls/CPot.h"
 #include "controls/ControlId.h"
 #include "controls/DialogTemplate.h"
+#include "engine/EFX_3DSource.h"
 #include "engine/EFX_Factory.h"
 #include "panels/EffectPanelLayout.h"
 #include "panels/EffectPanelTables.h"
@@ -26,52 +27,53 @@ namespace {
 constexpr std::uint16_t kSource = 2;
 constexpr std::uint16_t kNoExtra = 65535;
 
-// A float knob: param, extra (the send of a send's filter), id, box, heading, caption, range, step,
-// look, first value; a long one has no extra.
+// A float knob: its property's token, param, extra (the send of a send's filter), id, box, heading,
+// caption, range, step, look, first value; a long one has no extra.
 struct SourceKnob {
     std::uint16_t extra;
     PanelKnob knob;
 };
-constexpr PanelKnob F(std::uint16_t param, int id, const char* group, const char* label, float minimum, float maximum,
-                      float step, int style, float first, const char* heading = "", int captionId = 0)
+constexpr PanelKnob F(const char* token, std::uint16_t param, int id, const char* group, const char* label,
+                      float minimum, float maximum, float step, int style, float first, const char* heading = "",
+                      int captionId = 0)
 {
-    return {param, id, group, heading, label, minimum, maximum, step, 2, style, first, false, captionId};
+    return {param, id, group, heading, label, minimum, maximum, step, 2, style, first, false, captionId, token};
 }
 
 // In the order of the rows: 0 to 29 the floats, 30 and 31 the two cone angles.
 constexpr SourceKnob kKnobTable[Source3D_Panel::kKnobs] = {
-    {kNoExtra, F(0, 1049, "Distance", "RoomRolloff Factor", 0, 10, 0.01f, 2, 1.77f)},
-    {kNoExtra, F(1, 1050, "Distance", "AirAbsorption Factor", 0, 10, 0.01f, 2, 1.77f)},
-    {kNoExtra, F(2, 1068, "Distance", "Minimum Distance", 0, 100, 0.5f, 0, 1.77f)},
-    {kNoExtra, F(3, 1069, "Distance", "Maximum Distance", 0, 100, 0.5f, 0, 100)},
-    {kNoExtra, F(4, 1075, "Position", "X", -50, 50, 0.5f, 0, 7.77f)},
-    {kNoExtra, F(5, 1076, "Position", "Y", -50, 50, 0.5f, 0, 7.77f)},
-    {kNoExtra, F(6, 1077, "Position", "Z", -50, 50, 0.5f, 0, 7.77f)},
-    {kNoExtra, F(7, 1072, "Cone Orientation", "X", -1, 1, 0.1f, 0, 0.77f)},
-    {kNoExtra, F(8, 1073, "Cone Orientation", "Y", -1, 1, 0.1f, 0, 0.77f)},
-    {kNoExtra, F(9, 1074, "Cone Orientation", "Z", -1, 1, 0.1f, 0, 0.77f)},
-    {kNoExtra, F(10, 1078, "Velocity", "X", -10, 10, 0.1f, 0, 7.77f)},
-    {kNoExtra, F(11, 1079, "Velocity", "Y", -10, 10, 0.1f, 0, 7.77f)},
-    {kNoExtra, F(12, 1080, "Velocity", "Z", -10, 10, 0.1f, 0, 7.77f)},
-    {kNoExtra, F(13, 1202, "Gain", "Pitch", 0, 10, 0.1f, 0, 0.77f)},
-    {kNoExtra, F(14, 1204, "Distance", "Rolloff Factor", 0, 10, 0.1f, 0, 0.77f)},
-    {kNoExtra, F(15, 1325, "Gain", "Inside Gain", 0, 1, 0.1f, 0, 0.77f)},
-    {kNoExtra, F(16, 1326, "Gain", "MinGain", 0, 1, 0.1f, 0, 0.77f)},
-    {kNoExtra, F(17, 1327, "Gain", "MaxGain", 0, 1, 0.1f, 0, 0.77f)},
-    {kNoExtra, F(18, 1020, "Direct", "Gain", 0, 1, 0.1f, 2, 0.77f)},
-    {kNoExtra, F(19, 1021, "Direct", "GainHF", 0, 1, 0.1f, 2, 0.77f)},
-    {kNoExtra, F(20, 1035, "Cone", "Outer GainHF", 0, 1, 0.1f, 2, 0.77f)},
-    {kNoExtra, F(21, 1063, "Cone", "Outer Gain", 0, 1, 0.1f, 0, 0.77f)},
-    {0, F(22, 1070, "Send 0", "Gain", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAIN_LABEL_0)},
-    {0, F(23, 1071, "Send 0", "GainHF", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAINHF_LABEL_0)},
-    {1, F(24, 1005, "Send 1", "Gain", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAIN_LABEL_0 + 1)},
-    {1, F(25, 1006, "Send 1", "GainHF", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAINHF_LABEL_0 + 1)},
-    {2, F(26, 1007, "Send 2", "Gain", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAIN_LABEL_0 + 2)},
-    {2, F(27, 1008, "Send 2", "GainHF", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAINHF_LABEL_0 + 2)},
-    {3, F(28, 1009, "Send 3", "Gain", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAIN_LABEL_0 + 3)},
-    {3, F(29, 1010, "Send 3", "GainHF", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAINHF_LABEL_0 + 3)},
-    {kNoExtra, {0, 1051, "Cone", "", "Inside Angle", 0, 360, 1, 0, 0, 77, true}},
-    {kNoExtra, {1, 1062, "Cone", "", "Outside Angle", 0, 360, 1, 0, 0, 177, true}},
+    {kNoExtra, F("AL_ROOM_ROLLOFF_FACTOR", 0, 1049, "Distance", "RoomRolloff Factor", 0, 10, 0.01f, 2, 1.77f)},
+    {kNoExtra, F("AL_AIR_ABSORPTION_FACTOR", 1, 1050, "Distance", "AirAbsorption Factor", 0, 10, 0.01f, 2, 1.77f)},
+    {kNoExtra, F("AL_REFERENCE_DISTANCE", 2, 1068, "Distance", "Minimum Distance", 0, 100, 0.5f, 0, 1.77f)},
+    {kNoExtra, F("AL_MAX_DISTANCE", 3, 1069, "Distance", "Maximum Distance", 0, 100, 0.5f, 0, 100)},
+    {kNoExtra, F("AL_POSITION", 4, 1075, "Position", "X", -50, 50, 0.5f, 0, 7.77f)},
+    {kNoExtra, F("AL_POSITION", 5, 1076, "Position", "Y", -50, 50, 0.5f, 0, 7.77f)},
+    {kNoExtra, F("AL_POSITION", 6, 1077, "Position", "Z", -50, 50, 0.5f, 0, 7.77f)},
+    {kNoExtra, F("AL_DIRECTION", 7, 1072, "Cone Orientation", "X", -1, 1, 0.1f, 0, 0.77f)},
+    {kNoExtra, F("AL_DIRECTION", 8, 1073, "Cone Orientation", "Y", -1, 1, 0.1f, 0, 0.77f)},
+    {kNoExtra, F("AL_DIRECTION", 9, 1074, "Cone Orientation", "Z", -1, 1, 0.1f, 0, 0.77f)},
+    {kNoExtra, F("AL_VELOCITY", 10, 1078, "Velocity", "X", -10, 10, 0.1f, 0, 7.77f)},
+    {kNoExtra, F("AL_VELOCITY", 11, 1079, "Velocity", "Y", -10, 10, 0.1f, 0, 7.77f)},
+    {kNoExtra, F("AL_VELOCITY", 12, 1080, "Velocity", "Z", -10, 10, 0.1f, 0, 7.77f)},
+    {kNoExtra, F("AL_PITCH", 13, 1202, "Gain", "Pitch", 0, 10, 0.1f, 0, 0.77f)},
+    {kNoExtra, F("AL_ROLLOFF_FACTOR", 14, 1204, "Distance", "Rolloff Factor", 0, 10, 0.1f, 0, 0.77f)},
+    {kNoExtra, F("AL_GAIN", 15, 1325, "Gain", "Inside Gain", 0, 1, 0.1f, 0, 0.77f)},
+    {kNoExtra, F("AL_MIN_GAIN", 16, 1326, "Gain", "MinGain", 0, 1, 0.1f, 0, 0.77f)},
+    {kNoExtra, F("AL_MAX_GAIN", 17, 1327, "Gain", "MaxGain", 0, 1, 0.1f, 0, 0.77f)},
+    {kNoExtra, F("AL_LOWPASS_GAIN", 18, 1020, "Direct", "Gain", 0, 1, 0.1f, 2, 0.77f)},
+    {kNoExtra, F("AL_LOWPASS_GAINHF", 19, 1021, "Direct", "GainHF", 0, 1, 0.1f, 2, 0.77f)},
+    {kNoExtra, F("AL_CONE_OUTER_GAINHF", 20, 1035, "Cone", "Outer GainHF", 0, 1, 0.1f, 2, 0.77f)},
+    {kNoExtra, F("AL_CONE_OUTER_GAIN", 21, 1063, "Cone", "Outer Gain", 0, 1, 0.1f, 0, 0.77f)},
+    {0, F("AL_LOWPASS_GAIN", 22, 1070, "Send 0", "Gain", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAIN_LABEL_0)},
+    {0, F("AL_LOWPASS_GAINHF", 23, 1071, "Send 0", "GainHF", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAINHF_LABEL_0)},
+    {1, F("AL_LOWPASS_GAIN", 24, 1005, "Send 1", "Gain", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAIN_LABEL_0 + 1)},
+    {1, F("AL_LOWPASS_GAINHF", 25, 1006, "Send 1", "GainHF", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAINHF_LABEL_0 + 1)},
+    {2, F("AL_LOWPASS_GAIN", 26, 1007, "Send 2", "Gain", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAIN_LABEL_0 + 2)},
+    {2, F("AL_LOWPASS_GAINHF", 27, 1008, "Send 2", "GainHF", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAINHF_LABEL_0 + 2)},
+    {3, F("AL_LOWPASS_GAIN", 28, 1009, "Send 3", "Gain", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAIN_LABEL_0 + 3)},
+    {3, F("AL_LOWPASS_GAINHF", 29, 1010, "Send 3", "GainHF", 0, 1, 0.1f, 3, 0.77f, "", res::IDC_SEND_GAINHF_LABEL_0 + 3)},
+    {kNoExtra, {0, 1051, "Cone", "", "Inside Angle", 0, 360, 1, 0, 0, 77, true, 0, "AL_CONE_INNER_ANGLE"}},
+    {kNoExtra, {1, 1062, "Cone", "", "Outside Angle", 0, 360, 1, 0, 0, 177, true, 0, "AL_CONE_OUTER_ANGLE"}},
 };
 
 // The routing radios of each send: "disabled", then slots 0 to 3.
@@ -112,6 +114,20 @@ std::vector<PanelKnob> GroupedKnobs()
         if (row.extra == kNoExtra)
             knobs.push_back(row.knob);
     return knobs;
+}
+
+// The room right of the last row of knob groups, as wide as the panel allows and as high as the row.
+QRect SpaceBesideLastRow(const std::vector<ControlTemplate>& controls)
+{
+    int top = 0;
+    for (const ControlTemplate& control : controls)
+        if (control.kind == ControlKind::GroupBox)
+            top = std::max(top, control.place.top());
+    QRect row(QPoint(8, top), QSize(0, 0));
+    for (const ControlTemplate& control : controls)
+        if (control.kind == ControlKind::GroupBox && control.place.top() == top)
+            row |= control.place;
+    return QRect(QPoint(row.right() + 12, top + 8), QPoint(kWidth - 8, row.bottom()));
 }
 
 void AddSendBox(std::vector<ControlTemplate>& controls, int send, QPoint corner)
@@ -158,6 +174,7 @@ Source3D_Panel::Source3D_Panel(QWidget* parent, int sourceIndex)
     const std::vector<PanelKnob> grouped = GroupedKnobs();
     EffectPanelLayout layout = LayoutKnobGroups(grouped, QPoint(8, 8), kWidth - 16, fontMetrics());
     std::vector<ControlTemplate>& controls = layout.controls;
+    const QRect noteSpace = SpaceBesideLastRow(controls);
     int y = layout.size.height() + 2;
     for (int send = 0; send < kSends; ++send)
         AddSendBox(controls, send, QPoint(8 + send * (kSendBoxWidth + 6), y));
@@ -189,6 +206,14 @@ Source3D_Panel::Source3D_Panel(QWidget* parent, int sourceIndex)
     controls.push_back({196, ControlKind::Static, "", QRect(456, y + 40, 7, 25)});
     controls.push_back({0, ControlKind::Static, "OpenAL property", QRect(478, y + 44, 110, 18)});
     BuildDialog(this, "", QSize(kWidth, y + 72), controls.data(), static_cast<int>(controls.size()));
+    // The note on a file that is not mono, in the room the knob groups leave; hidden until a load
+    // shows it.
+    m_channelNote = new QLabel(this);
+    m_channelNote->setGeometry(noteSpace);
+    m_channelNote->setWordWrap(true);
+    m_channelNote->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_channelNote->setAccessibleName(QStringLiteral("Channel note"));
+    m_channelNote->hide();
     // The legend's swatches, named for a reader that cannot see their colour.
     const char* const swatchNames[] = {"Green knob: EFX property", "Red-brown knob: EFX property",
                                        "Grey knob: OpenAL property"};
@@ -198,7 +223,7 @@ Source3D_Panel::Source3D_Panel(QWidget* parent, int sourceIndex)
         swatch->setAccessibleName(QString::fromLatin1(swatchNames[id - 194]));
     }
     for (const SourceKnob& row : kKnobTable)
-        FindControl(this, row.knob.id)->setAccessibleName(KnobName(row.knob));
+        DescribeKnob(row.knob, KnobName(row.knob));
 }
 
 Source3D_Panel::~Source3D_Panel()
@@ -322,6 +347,19 @@ void Source3D_Panel::OnDeleteSend(int send)
         return;
     FindControl(this, res::IDC_SEND_CREATE_0 + send)->setEnabled(true);
     EnableSend(send, false);
+}
+
+void Source3D_Panel::ShowChannelNote()
+{
+    int channels = 0;
+    EFX_3DSource* source = UI_EFX_Bridge::GetInstance()->GetSource(SourceIndex);
+    if (!source || !source->GetBufferChannels(&channels) || channels < 2) {
+        m_channelNote->hide();
+        return;
+    }
+    const QString file = channels == 2 ? QStringLiteral("Stereo file") : QStringLiteral("%1-channel file").arg(channels);
+    m_channelNote->setText(file + QStringLiteral(": OpenAL plays it as it is, without 3D position, cone or distance."));
+    m_channelNote->show();
 }
 
 void Source3D_Panel::OnPlay()

@@ -10,6 +10,7 @@
 class CConvertNumericToLinearRange;
 class CDecimalDisplay;
 class CPot;
+class QLabel;
 
 // All the properties of one 3D source on one tab: 30 float knobs and 2 long ones, playback, the
 // flags, the four aux sends with their creation and routing into the slots, and a legend of what the
@@ -35,6 +36,10 @@ public:
     void OnDeleteSend(int send);
 
     CPot& Knob(int row) { return *Knobs[row]; }
+    // Shows the note under the controls when the source's buffer is not mono (OpenAL plays such a
+    // buffer as it is, without 3D placement) and hides it for a mono one. Run after every load.
+    void ShowChannelNote();
+    QLabel* ChannelNote() const { return m_channelNote; }
     // The routing radio of a send: 0 is "disabled", 1 to 4 the slots 0 to 3.
     static int RouteId(int send, int route);
 
@@ -55,4 +60,5 @@ private:
     std::array<ButtonCheck, 4> m_flags;
     std::array<std::array<ButtonCheck, kRoutes>, kSends> m_routes;
     std::array<std::array<CheckBoxControl*, kRoutes>, kSends> SendButtons{};
+    QLabel* m_channelNote = nullptr;
 };

@@ -9,10 +9,14 @@
 #include "values/UI_EFX_Bridge.h"
 
 #include <QAction>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScrollBar>
+#include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -52,6 +56,17 @@ constexpr MenuEntry kMenu[] = {
 };
 static_assert(std::size(kMenu) == 9);
 
+// The local files among the dragged URLs, in their order.
+QStringList LocalFiles(const QMimeData* data)
+{
+    QStringList files;
+    if (data && data->hasUrls())
+        for (const QUrl& url : data->urls())
+            if (url.isLocalFile())
+                files << url.toLocalFile();
+    return files;
+}
+
 } // namespace
 
 CEFXListSrcDlg::CEFXListSrcDlg(QWidget* parent)
@@ -82,6 +97,7 @@ CEFXListSrcDlg::CEFXListSrcDlg(QWidget* parent)
     m_tabs->setAccessibleName(QStringLiteral("Context and sources"));
     m_tabs->setGeometry(0, 0, kContentWidth, 26);
     BuildMenuBar();
+    setAcceptDrops(true);
     resize(kContentWidth + 16, kContentHeight + 24);
 }
 
@@ -242,9 +258,45 @@ bool CEFXListSrcDlg::AskForFile(QString& path, QString& title)
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return false;
     path = dialog.selectedFiles().front();
-    title = QFileInfo(path).fileName();
-    m_folder = QFileInfo(path).absolutePath();
+    title = TakeChosenFile(path);
     return true;
+}
+
+QString CEFXListSrcDlg::TakeChosenFile(const QString& path)
+{
+    const QFileInfo file(path);
+    m_folder = file.absolutePath();
+    return file.fileName();
+}
+
+void CEFXListSrcDlg::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!LocalFiles(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void CEFXListSrcDlg::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (!LocalFiles(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void CEFXListSrcDlg::dropEvent(QDropEvent* event)
+{
+    const QStringList files = LocalFiles(event->mimeData());
+    if (files.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // The files are added once the drop has returned, so that the program that the files came from
+    // is not held while a message box about an unreadable one waits for the user.
+    QTimer::singleShot(0, this, [this, files] {
+        // As "Add source...", nothing at all once there are 128.
+        for (const QString& path : files) {
+            if (m_sourceCount >= kMaxSources)
+                break;
+            AddSourceFile(path, TakeChosenFile(path));
+        }
+    });
 }
 
 void CEFXListSrcDlg::AddSource()
@@ -273,6 +325,7 @@ void CEFXListSrcDlg::AddSourceFile(const QString& path, const QString& title)
         bridge->SetSourceName(index, title.toLocal8Bit().constData());
         bridge->SetSourceToFront(index);
         bridge->RefreshSource(index);
+        panel->ShowChannelNote();
         m_sourcePanel[index] = panel;
         m_tabInfo[m_tabCount] = {panel, 1, index};
         m_tabs->SelectTabForced(m_tabCount);
@@ -326,8 +379,10 @@ void CEFXListSrcDlg::LoadFileForSourceFrom(const QString& path, const QString& t
     const int tab = m_tabs->currentIndex();
     if (tab < 1)
         return;
-    if (!UI_EFX_Bridge::GetInstance()->ReloadSource(m_tabInfo[tab].sourceIndex, path.toLocal8Bit().constData()))
+    const int index = m_tabInfo[tab].sourceIndex;
+    if (!UI_EFX_Bridge::GetInstance()->ReloadSource(index, path.toLocal8Bit().constData()))
         return;
+    m_sourcePanel[index]->ShowChannelNote();
     m_tabs->SetTabText(tab, title);
     m_tabs->SelectTabForced(tab);
 }

@@ -65,11 +65,18 @@ public:
 protected:
     void OnInitDialog() override;
     void resizeEvent(QResizeEvent* event) override;
+    // Files dropped on the window become sources as if each was picked in "Add source...": one
+    // source a file, in their order, while there is room. Only local files are taken.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void BuildMenuBar();
     // The file the user picks, with its name alone; false on cancel.
     bool AskForFile(QString& path, QString& title);
+    // A chosen file's name alone, the file dialog's folder moved to the file's.
+    QString TakeChosenFile(const QString& path);
 
     CXTabCtrl* m_tabs = nullptr;
     QWidget* m_content = nullptr;

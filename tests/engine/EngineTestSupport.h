@@ -258,16 +258,25 @@ private:
     std::vector<unsigned char> m_bytes;
 };
 
-// A crafted, well-formed 16-bit mono PCM file of the given number of samples of a square wave.
-inline std::vector<unsigned char> SmallMonoWave(std::size_t samples = 64, std::uint32_t rate = 22050)
+// A crafted, well-formed 16-bit PCM file of the given number of frames of a square wave, the same in
+// each of its channels.
+inline std::vector<unsigned char> SmallWave(std::uint16_t channels, std::size_t samples = 64,
+                                            std::uint32_t rate = 22050)
 {
     std::vector<unsigned char> data;
     for (std::size_t i = 0; i < samples; ++i) {
         const std::int16_t value = (i / 8) % 2 ? 8000 : -8000;
-        data.push_back(static_cast<unsigned char>(value & 0xFF));
-        data.push_back(static_cast<unsigned char>((value >> 8) & 0xFF));
+        for (std::uint16_t c = 0; c < channels; ++c) {
+            data.push_back(static_cast<unsigned char>(value & 0xFF));
+            data.push_back(static_cast<unsigned char>((value >> 8) & 0xFF));
+        }
     }
-    return RiffBuilder().Chunk("fmt ", RiffBuilder::PCMFormat(1, rate, 16)).Chunk("data", data).Build();
+    return RiffBuilder().Chunk("fmt ", RiffBuilder::PCMFormat(channels, rate, 16)).Chunk("data", data).Build();
+}
+
+inline std::vector<unsigned char> SmallMonoWave(std::size_t samples = 64, std::uint32_t rate = 22050)
+{
+    return SmallWave(1, samples, rate);
 }
 
 } // namespace engine_test

@@ -19,6 +19,9 @@
 #include <QFileInfo>
 #include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QLabel>
+#include <QMimeData>
+#include <QUrl>
 #include <QPushButton>
 #include <QMessageBox>
 #include <QScrollBar>
@@ -60,6 +63,25 @@ protected:
         window->AddSourceFile(QString::fromLocal8Bit(path.c_str()), QString::fromLatin1(title));
     }
     QString Caption(int tab) { return window->Tabs()->tabText(tab); }
+    QString Path(const std::string& path) { return QString::fromLocal8Bit(path.c_str()); }
+
+    // Drags the files over the window and drops them, as a file manager does, then lets the window add
+    // them; false when the window refuses the drag.
+    bool Drop(const QList<QUrl>& files)
+    {
+        QMimeData data;
+        data.setUrls(files);
+        const QPoint at = window->rect().center();
+        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent drop(QPointF(at), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.get(), &drop);
+        EXPECT_TRUE(drop.isAccepted());
+        QTest::qWait(50);
+        return true;
+    }
 
     std::unique_ptr<CEFXListSrcDlg> window;
 };
@@ -215,13 +237,81 @@ TEST_F(ContextSourceWindowTest, AHundredTwentyEightSourcesFitAndTheNextAddOpensN
         window->AddSourceFile(QString::fromLocal8Bit(path.c_str()), QStringLiteral("tone %1").arg(i));
     ASSERT_EQ(window->SourceCount(), 128);
     EXPECT_EQ(window->Tabs()->count(), 129);
-    // No file dialog, and nothing said.
-    QTimer::singleShot(200, [] {
+    // No file dialog, and nothing said. The guard dies with the test, so that it cannot close a box
+    // of the next one.
+    QTimer guard;
+    guard.setSingleShot(true);
+    QObject::connect(&guard, &QTimer::timeout, [] {
         if (QWidget* modal = QApplication::activeModalWidget())
             modal->close();
     });
+    guard.start(200);
     EXPECT_EQ(MessageOf([&] { window->AddSource(); }), "");
     EXPECT_EQ(window->SourceCount(), 128);
+    // A dropped file is ignored as silently.
+    EXPECT_EQ(MessageOf([&] { EXPECT_TRUE(Drop({QUrl::fromLocalFile(Path(path))})); }), "");
+    EXPECT_EQ(window->SourceCount(), 128);
+}
+
+TEST_F(ContextSourceWindowTest, AStereoFileShowsTheNoteOnItsSourceTabAndAMonoFileDoesNot)
+{
+    for (std::uint16_t channels : {1, 2})
+        engine_test::WriteFile(scratch.File(channels == 1 ? "mono.wav" : "stereo.wav"),
+                               engine_test::SmallWave(channels, 2048));
+    window->AddSourceFile(Path(scratch.File("stereo.wav")), "stereo.wav");
+    window->AddSourceFile(Path(scratch.File("mono.wav")), "mono.wav");
+    console.lines.clear();
+    // Then each source reloaded with the other file: the note follows the file.
+    const struct {
+        int tab;
+        const char* reload; // null: as added
+        bool note[2];       // shown on source 0, on source 1
+    } steps[] = {{2, nullptr, {true, false}}, {1, "mono.wav", {false, false}}, {2, "stereo.wav", {false, true}}};
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.reload ? step.reload : "added");
+        window->Tabs()->SelectTabForced(step.tab);
+        if (step.reload)
+            window->LoadFileForSourceFrom(Path(scratch.File(step.reload)), step.reload);
+        for (int source = 0; source < 2; ++source) {
+            Source3D_Panel* panel = window->SourcePanel(source);
+            EXPECT_EQ(panel->ChannelNote()->isVisibleTo(panel), step.note[source]) << source;
+        }
+    }
+    QLabel* note = window->SourcePanel(1)->ChannelNote();
+    EXPECT_TRUE(note->isVisible()); // its tab is the selected one
+    EXPECT_TRUE(window->SourcePanel(1)->rect().contains(note->geometry()));
+    EXPECT_TRUE(note->text().startsWith("Stereo file: ")) << note->text().toStdString();
+    EXPECT_FALSE(note->accessibleName().isEmpty());
+    // The console says only what the reloads say.
+    for (const std::string& line : console.lines)
+        EXPECT_EQ(line.find("tereo"), std::string::npos) << line;
+}
+
+TEST_F(ContextSourceWindowTest, DroppedFilesBecomeSourcesInTheirOrderAndAnUnreadableOneSaysWhatAddSays)
+{
+    const char* const names[] = {"first.wav", "notes.txt", "second.wav"};
+    QList<QUrl> files;
+    for (const char* name : names) {
+        const std::string path = scratch.File(name);
+        engine_test::WriteFile(path, name[0] == 'n' ? std::vector<unsigned char>{'h', 'i'}
+                                                    : engine_test::SmallMonoWave(2048));
+        files << QUrl::fromLocalFile(Path(path));
+    }
+    // Only local files are taken.
+    EXPECT_FALSE(Drop({QUrl(QStringLiteral("http://localhost/first.wav"))}));
+
+    console.lines.clear();
+    EXPECT_EQ(MessageOf([&] { EXPECT_TRUE(Drop(files)); }), "Error loading sound file, 3D source not created");
+    EXPECT_EQ(std::count(console.lines.begin(), console.lines.end(), "3D source not created"), 1) << ::testing::PrintToString(console.lines);
+    ASSERT_EQ(window->SourceCount(), 2);
+    EXPECT_EQ(window->Tabs()->count(), 3);
+    EXPECT_EQ(Caption(1), "first.wav");
+    EXPECT_EQ(Caption(2), "second.wav");
+    EXPECT_EQ(window->Tabs()->currentIndex(), 2);
+    // As after a pick, the file dialog opens in the files' folder.
+    const FileDialogAnswer answer = PickFile(window.get(), QString(), [&] { window->AddSource(); });
+    EXPECT_EQ(answer.folder, QFileInfo(Path(scratch.File("first.wav"))).absolutePath());
+    EXPECT_EQ(window->SourceCount(), 2);
 }
 
 // Under a device of two sends, two slots and 64 sources.
