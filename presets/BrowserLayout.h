@@ -25,7 +25,7 @@ constexpr ControlTemplate kControls[] = {
     {res::IDC_LOAD_EFFECT_IF_NEEDED, ControlKind::CheckBox, "Load effect if not already loaded", {360, 290, 228, 24}},
     {0, ControlKind::GroupBox, "Tree", {348, 328, 244, 134}},
     {res::IDC_CREATE_GROUP, ControlKind::Button, "Create a preset group", {360, 350, 220, 26}},
-    {res::IDC_DELETE_SELECTED, ControlKind::Button, "Delete selected", {360, 384, 220, 26}},
+    {res::IDC_DELETE_SELECTED, ControlKind::Button, "Delete selected", {360, 387, 220, 26}},
     {res::IDC_COPY_TO_DOCUMENT, ControlKind::Button, "Copy to my presets", {360, 424, 220, 26}},
 };
 

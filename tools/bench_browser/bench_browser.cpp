@@ -5,6 +5,7 @@
 // presets under three effects, saved under a name, all open.
 
 #include "controls/ControlResources.h"
+#include "engine/EFX_EffectSlot.h"
 #include "engine/EFX_Factory.h"
 #include "presets/CEFXBrowser.h"
 #include "presets/CEFXPresetTree.h"
@@ -118,9 +119,25 @@ int SaveShot(UI_EFX_Bridge& bridge, const QString& folder)
     QFile::remove(path);
     select("Canyon");
     QTest::qWait(50);
-    const bool saved = browser.grab().save(QDir(folder).filePath(QStringLiteral("browser.png")));
-    std::printf("%d picture saved\n", saved ? 1 : 0);
-    return saved ? 0 : 1;
+    int saved = browser.grab().save(QDir(folder).filePath(QStringLiteral("browser.png")));
+
+    // The library opened on its first group, "Concert Hall" loaded into the EAX reverb of slot 2.
+    QTreeWidgetItem* library = tree->topLevelItem(1);
+    library->setExpanded(true);
+    library->child(0)->setExpanded(true);
+    library->child(0)->child(0)->setExpanded(true);
+    for (int i = 0; i < tree->topLevelItem(0)->childCount(); ++i)
+        tree->topLevelItem(0)->child(i)->setExpanded(false);
+    select("Concert Hall");
+    browser.LoadPresetInSlot(2);
+    float decay = 0;
+    bridge.GetFactory()->GetEffectSlot(2)->GetEAXReverbDecayTime(&decay);
+    std::printf("slot 2 decay time after loading Concert Hall: %.2f s\n", decay);
+    tree->scrollToItem(tree->currentItem());
+    QTest::qWait(50);
+    saved += browser.grab().save(QDir(folder).filePath(QStringLiteral("browser-library.png")));
+    std::printf("%d pictures saved\n", saved);
+    return saved == 2 ? 0 : 1;
 }
 
 } // namespace
