@@ -93,8 +93,9 @@ protected:
     }
     FXS_Panel* PanelOf(int slot)
     {
-        for (FXS_Panel* panel : main->findChildren<FXS_Panel*>())
-            if (panel->Slot == slot)
+        // The panels declare no meta-object of their own: a qobject_cast would take any dialog for one.
+        for (QWidget* widget : main->findChildren<QWidget*>())
+            if (auto* panel = dynamic_cast<FXS_Panel*>(widget); panel && panel->Slot == slot)
                 return panel;
         return nullptr;
     }
