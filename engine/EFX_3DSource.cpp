@@ -127,6 +127,7 @@ int EFX_3DSource::LoadFile(const char* path)
         AppendLog("Error setting Source AL_BUFFER");
         return 0;
     }
+    m_filePath = path;
     AppendLog("Data loaded into Buffer and Buffer attached to Source");
     return 1;
 }

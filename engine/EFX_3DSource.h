@@ -6,6 +6,7 @@
 #include <AL/efx.h>
 
 #include <cstdint>
+#include <string>
 
 // One OpenAL source with its buffer, its direct filter and up to four auxiliary sends. Made by the
 // factory, owned by the bridge. Every property goes to OpenAL in one call and is read back from
@@ -98,6 +99,14 @@ public:
     virtual int GetAuxSendFilterGainHFAuto(int* flag);
     virtual int GetAuxSendFilterGains(int send, float* gain, float* gainHF);
 
+    // What an offline render needs to rebuild this source elsewhere: its AL names, the slot of each
+    // send (-1 for none) and the file that its buffer was last loaded from (empty if none).
+    ALuint SourceObject() const { return m_source; }
+    ALuint DirectFilterObject() const { return m_directFilter; }
+    ALuint SendFilterObject(int send) const { return send >= 0 && send < kMaxSends ? m_sendFilter[send] : 0; }
+    int SendSlot(int send) const { return send >= 0 && send < kMaxSends ? m_sendSlot[send] : -1; }
+    const std::string& FilePath() const { return m_filePath; }
+
 protected:
     friend class EFX_Factory;
     // Takes over a source and its buffer; with attach set, attaches the buffer at once.
@@ -111,6 +120,7 @@ protected:
     ALuint m_directFilter = 0;
     ALuint m_sendFilter[kMaxSends] = {};
     std::int32_t m_sendSlot[kMaxSends] = {-1, -1, -1, -1};
+    std::string m_filePath;
 
 private:
     int SetSourceBool(int value, ALenum token, const char* name);

@@ -45,6 +45,8 @@ public:
     virtual int UnloadEffect();
     // What was last loaded into the effect object, as an EffectType.
     virtual int GetEffect(int* type);
+    // The AL effect object, for a render that copies the slot's effect property by property.
+    ALuint EffectObject() const { return m_effect; }
     virtual int SetAuxiliarySendAuto(int flag);
     virtual int SetGain(float gain);
     virtual int GetAuxiliarySendAuto(int* flag);

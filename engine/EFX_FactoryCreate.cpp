@@ -136,8 +136,10 @@ EFX_3DSource* EFX_Factory::CreateSource(const char* path)
     }
     bool handlesKept = false;
     if (uploaded) {
-        if (EFX_3DSource* object = WrapSource(source, buffer, 1, handlesKept))
+        if (EFX_3DSource* object = WrapSource(source, buffer, 1, handlesKept)) {
+            object->m_filePath = path;
             return object;
+        }
     }
     if (!handlesKept) {
         alDeleteBuffers(1, &buffer);
