@@ -20,22 +20,36 @@ void Put32(std::uint8_t* at, std::uint32_t value)
     Put16(at + 2, value >> 16);
 }
 
-// The 44 bytes before the samples: RIFF, the format chunk, the data chunk's header.
-void Header(std::uint8_t* h, int channels, int frequency, bool isFloat, std::uint32_t dataBytes)
+// The bytes before the samples: RIFF, the format chunk, and the data chunk's header. A float file's
+// format chunk carries its (empty) extension and is followed by the "fact" chunk of its frame count,
+// as readers of non-PCM files expect.
+std::vector<std::uint8_t> Header(int channels, int frequency, bool isFloat, std::uint32_t dataBytes)
 {
     const std::uint32_t bytesPerSample = isFloat ? 4 : 2;
-    std::memcpy(h, "RIFF", 4);
-    Put32(h + 4, 36 + dataBytes);
-    std::memcpy(h + 8, "WAVEfmt ", 8);
-    Put32(h + 16, 16);
-    Put16(h + 20, isFloat ? 3 : 1);
-    Put16(h + 22, static_cast<std::uint32_t>(channels));
-    Put32(h + 24, static_cast<std::uint32_t>(frequency));
-    Put32(h + 28, static_cast<std::uint32_t>(frequency) * static_cast<std::uint32_t>(channels) * bytesPerSample);
-    Put16(h + 32, static_cast<std::uint32_t>(channels) * bytesPerSample);
-    Put16(h + 34, bytesPerSample * 8);
-    std::memcpy(h + 36, "data", 4);
-    Put32(h + 40, dataBytes);
+    const std::uint32_t frameBytes = static_cast<std::uint32_t>(channels) * bytesPerSample;
+    std::vector<std::uint8_t> h(isFloat ? 58 : 44);
+    const std::uint32_t fmtSize = isFloat ? 18 : 16;
+    std::memcpy(h.data(), "RIFF", 4);
+    Put32(&h[4], static_cast<std::uint32_t>(h.size()) - 8 + dataBytes);
+    std::memcpy(&h[8], "WAVEfmt ", 8);
+    Put32(&h[16], fmtSize);
+    Put16(&h[20], isFloat ? 3 : 1);
+    Put16(&h[22], static_cast<std::uint32_t>(channels));
+    Put32(&h[24], static_cast<std::uint32_t>(frequency));
+    Put32(&h[28], static_cast<std::uint32_t>(frequency) * frameBytes);
+    Put16(&h[32], frameBytes);
+    Put16(&h[34], bytesPerSample * 8);
+    std::size_t at = 20 + fmtSize;
+    if (isFloat) {
+        Put16(&h[36], 0);
+        std::memcpy(&h[at], "fact", 4);
+        Put32(&h[at + 4], 4);
+        Put32(&h[at + 8], dataBytes / frameBytes);
+        at += 12;
+    }
+    std::memcpy(&h[at], "data", 4);
+    Put32(&h[at + 4], dataBytes);
+    return h;
 }
 
 } // namespace
@@ -60,9 +74,9 @@ bool WaveWriter::Open(const std::string& path, int channels, int frequency, Samp
     m_file = std::fopen(path.c_str(), "wb");
     if (!m_file)
         return Fail("cannot create the file");
-    std::uint8_t header[44];
-    Header(header, channels, frequency, sample == Sample::Float32, 0);
-    if (std::fwrite(header, 1, sizeof header, m_file) != sizeof header)
+    m_frequency = frequency;
+    const std::vector<std::uint8_t> header = Header(channels, frequency, sample == Sample::Float32, 0);
+    if (std::fwrite(header.data(), 1, header.size(), m_file) != header.size())
         return Fail("cannot write the file");
     return true;
 }
@@ -93,12 +107,10 @@ bool WaveWriter::Close()
 {
     if (!m_file)
         return false;
-    std::uint8_t header[44];
-    Header(header, m_channels, 0, m_sample == Sample::Float32, static_cast<std::uint32_t>(m_dataBytes));
-    bool ok = std::fseek(m_file, 0, SEEK_SET) == 0;
-    // Only the sizes change: the frequency was right in the header written first.
-    ok = ok && std::fseek(m_file, 4, SEEK_SET) == 0 && std::fwrite(header + 4, 1, 4, m_file) == 4;
-    ok = ok && std::fseek(m_file, 40, SEEK_SET) == 0 && std::fwrite(header + 40, 1, 4, m_file) == 4;
+    // The header again, now with the sizes.
+    const std::vector<std::uint8_t> header =
+        Header(m_channels, m_frequency, m_sample == Sample::Float32, static_cast<std::uint32_t>(m_dataBytes));
+    bool ok = std::fseek(m_file, 0, SEEK_SET) == 0 && std::fwrite(header.data(), 1, header.size(), m_file) == header.size();
     ok = std::fflush(m_file) == 0 && ok;
     if (!ok)
         Fail("cannot write the file");

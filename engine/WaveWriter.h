@@ -30,6 +30,7 @@ private:
 
     std::FILE* m_file = nullptr;
     int m_channels = 0;
+    int m_frequency = 0;
     Sample m_sample = Sample::Float32;
     std::uint64_t m_dataBytes = 0;
     std::string m_error;

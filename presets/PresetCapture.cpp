@@ -95,24 +95,6 @@ void CaptureEAXReverb(EFX_Factory& factory, std::uint32_t slotIndex, std::uint8_
     EFXToEAXReverb(values, record);
 }
 
-void ApplyEAXReverb(EFX_Factory& factory, std::uint32_t slotIndex, const std::uint8_t* record)
-{
-    const EAXReverbValues values = EAXToEFXReverb(record);
-    for (const EAXEngineRow& row : kEAXReverbEngine) {
-        EFX_EffectSlot* slot = factory.GetEffectSlot(slotIndex);
-        if (!slot)
-            continue;
-        SlotValue value;
-        if (row.property.kind == PropertyKind::Vector)
-            std::copy_n(values.begin() + row.applyValue, 3, value.f);
-        else if (row.property.kind == PropertyKind::Float)
-            value.f[0] = values[row.applyValue];
-        else
-            value.i = static_cast<int>(values[row.applyValue]);
-        SetSlotProperty(*slot, row.property, value);
-    }
-}
-
 } // namespace
 
 std::vector<std::uint8_t> CaptureRecord(EFX_Factory& factory, std::uint32_t slotIndex, int effectType)
@@ -136,8 +118,8 @@ std::vector<std::uint8_t> CaptureRecord(EFX_Factory& factory, std::uint32_t slot
     return record;
 }
 
-void ApplyPreset(EFX_Factory& factory, std::uint32_t slotIndex, const EffectGuid& guid, const std::uint8_t* data,
-                 std::uint32_t size)
+void ForEachPresetValue(const EffectGuid& guid, const std::uint8_t* data, std::uint32_t size,
+                        const std::function<void(const SlotAccessor&, const SlotValue&)>& visit)
 {
     const EffectTableRow* entry = FindEffectRowByGuid(guid);
     if (!entry)
@@ -150,13 +132,27 @@ void ApplyPreset(EFX_Factory& factory, std::uint32_t slotIndex, const EffectGuid
         std::memcpy(record.data(), data, std::min(size, layout->size));
 
     if (entry->effectType == kEffectEAXReverb) {
-        ApplyEAXReverb(factory, slotIndex, record.data());
+        const EAXReverbValues values = EAXToEFXReverb(record.data());
+        for (const EAXEngineRow& row : kEAXReverbEngine) {
+            SlotValue value;
+            if (row.property.kind == PropertyKind::Vector)
+                std::copy_n(values.begin() + row.applyValue, 3, value.f);
+            else if (row.property.kind == PropertyKind::Float)
+                value.f[0] = values[row.applyValue];
+            else
+                value.i = static_cast<int>(values[row.applyValue]);
+            visit(row.property, value);
+        }
         return;
     }
-    ForEachRowInCallOrder(*layout, [&](const EffectRecordRow& row) {
-        EFX_EffectSlot* slot = factory.GetEffectSlot(slotIndex);
-        if (!slot)
-            return;
-        SetSlotProperty(*slot, row.property, LoadField(record.data(), row.field));
+    ForEachRowInCallOrder(*layout, [&](const EffectRecordRow& row) { visit(row.property, LoadField(record.data(), row.field)); });
+}
+
+void ApplyPreset(EFX_Factory& factory, std::uint32_t slotIndex, const EffectGuid& guid, const std::uint8_t* data,
+                 std::uint32_t size)
+{
+    ForEachPresetValue(guid, data, size, [&](const SlotAccessor& property, const SlotValue& value) {
+        if (EFX_EffectSlot* slot = factory.GetEffectSlot(slotIndex))
+            SetSlotProperty(*slot, property, value);
     });
 }

@@ -8,14 +8,22 @@
 
 #include "engine/EFX_Factory.h"
 #include "presets/EffectGuid.h"
+#include "presets/SlotProperty.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 // The record of the effect type that the slot holds, of that type's record size. Empty for an empty
 // slot or an unknown type. A getter that fails leaves its field zero, as are the words that carry
 // nothing (Environment and the EAX reverb's pans, bar the late pan's x).
 std::vector<std::uint8_t> CaptureRecord(EFX_Factory& factory, std::uint32_t slotIndex, int effectType);
+
+// The values of a record of the effect with identifier `guid`, property by property in the order in
+// which ApplyPreset sets them, each handed to `visit`; an unknown identifier visits nothing. The same
+// rules as ApplyPreset: a short record reads as zero-filled, the Flanger's waveform comes out refused.
+void ForEachPresetValue(const EffectGuid& guid, const std::uint8_t* data, std::uint32_t size,
+                        const std::function<void(const SlotAccessor&, const SlotValue&)>& visit);
 
 // Sets the slot's values from a record of the effect with identifier `guid`; an unknown identifier
 // does nothing. The record's size is not compared with the effect's: a longer record applies its

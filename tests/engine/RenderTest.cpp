@@ -159,7 +159,7 @@ TEST_F(RenderTest, AFileIsWholeOrAbsentUnderItsName)
     RenderOptions options;
     options.tail = 0.1;
     ASSERT_TRUE(RenderSceneToWave(Scene(), options, path).ok);
-    EXPECT_EQ(std::filesystem::file_size(path), 44u + 8u * static_cast<std::uintmax_t>(std::lround(0.6 * kRate)));
+    EXPECT_EQ(std::filesystem::file_size(path), 58u + 8u * static_cast<std::uintmax_t>(std::lround(0.6 * kRate)));
     options.sample = WaveWriter::Sample::Int16;
     ASSERT_TRUE(RenderSceneToWave(Scene(), options, path).ok);
     EXPECT_EQ(std::filesystem::file_size(path), 44u + 4u * static_cast<std::uintmax_t>(std::lround(0.6 * kRate)));
