@@ -87,6 +87,8 @@ constexpr int ID_PROCESS_CONTEXT = 32806;
 // The shown slot's effect as C code: to the clipboard, or to a file.
 constexpr int ID_COPY_SLOT_CODE = 32820;
 constexpr int ID_SAVE_SLOT_CODE = 32821;
+// The scene rendered offline into a WAV file.
+constexpr int ID_RENDER_TO_WAV = 32822;
 
 // Slot panel: its box, the volume knob's place, "Send Auto", the effect list and "Load".
 constexpr int IDC_SLOT_BOX = 1015;

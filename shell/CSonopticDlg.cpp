@@ -4,6 +4,7 @@
 #include "controls/BitmapResource.h"
 #include "controls/ControlId.h"
 #include "engine/EFX_Factory.h"
+#include "engine/SceneSnapshot.h"
 #include "panels/FXS_Panel.h"
 #include "positionview/CEFXSrcPosDlg.h"
 #include "presets/CEFXBrowser.h"
@@ -11,6 +12,7 @@
 #include "shell/CAboutDlg.h"
 #include "shell/CConsoleList.h"
 #include "shell/CEFXListSrcDlg.h"
+#include "shell/CRenderDialog.h"
 #include "values/UI_EFX_Bridge.h"
 
 #include <QClipboard>
@@ -149,6 +151,9 @@ void CSonopticDlg::RunCommand(MainCommand command)
         break;
     case MainCommand::ProcessContext:
         m_bridge->ProcessContext();
+        break;
+    case MainCommand::RenderToWave:
+        RenderToWave();
         break;
     case MainCommand::About:
         OnSysCommand(res::IDM_ABOUTBOX);
@@ -314,6 +319,29 @@ void CSonopticDlg::SaveSlotCode()
         AfxMessageBox(QStringLiteral("Error opening file for saving"));
         return;
     }
+}
+
+void CSonopticDlg::RenderToWave()
+{
+    EFX_Factory* factory = m_bridge->GetFactory();
+    if (!factory)
+        return;
+    QFileDialog files(this, QStringLiteral("Render to WAV"));
+    files.setOption(QFileDialog::DontUseNativeDialog);
+    files.setAcceptMode(QFileDialog::AcceptSave);
+    files.setNameFilters({QStringLiteral("WAV Files (*.wav)"), QStringLiteral("All Files (*)")});
+    files.setDefaultSuffix(QStringLiteral("wav"));
+    files.selectFile(QStringLiteral("render"));
+    if (files.exec() != QDialog::Accepted || files.selectedFiles().isEmpty())
+        return;
+    CRenderDialog ask(this);
+    if (ask.exec() != QDialog::Accepted)
+        return;
+    // Every source plays from its start; the scene is read now, from the live engine.
+    std::vector<EFX_3DSource*> sources;
+    for (int i = 0; i < m_bridge->GetSourceCount(); ++i)
+        sources.push_back(m_bridge->GetSource(i));
+    RenderSceneWithProgress(this, CaptureScene(*factory, sources), ask.Options(), files.selectedFiles().first());
 }
 
 void CSonopticDlg::RedrawPositionWindow()

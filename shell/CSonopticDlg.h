@@ -34,6 +34,8 @@ public:
     // The shown slot's effect as C code, on the clipboard or in a file the user names.
     void CopySlotCode();
     void SaveSlotCode();
+    // The scene rendered offline into a WAV file that the user names.
+    void RenderToWave();
     int ShownSlot() const { return m_shownSlot; }
     void RedrawPositionWindow();
     void SetAutoPlayCheck(int flag) override;

@@ -39,6 +39,7 @@ enum class MainCommand {
     ShowPositionWindow,
     SuspendContext,
     ProcessContext,
+    RenderToWave,
     About,
 };
 
@@ -67,6 +68,7 @@ constexpr MenuEntry kMenu[] = {
      false},
     {1, res::ID_SUSPEND_CONTEXT, "Suspend Context (Shift+S)", MainCommand::SuspendContext, false},
     {1, res::ID_PROCESS_CONTEXT, "Process Context (Shift+P)", MainCommand::ProcessContext, false},
+    {1, res::ID_RENDER_TO_WAV, "Render to WAV...", MainCommand::RenderToWave, false},
     {2, res::IDM_ABOUTBOX, res::IDS_ABOUTBOX, MainCommand::About, false},
 };
 

@@ -14,6 +14,7 @@
 #include "presets/StandardReverbLibrary.h"
 #include "resources/ResourceIds.h"
 #include "shell/CConsoleList.h"
+#include "shell/CRenderDialog.h"
 #include "shell/CSonopticDlg.h"
 
 #include <QAccessible>
@@ -23,10 +24,13 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
+#include <QProgressDialog>
 #include <QTest>
 #include <QTreeWidget>
 
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -493,6 +497,42 @@ TEST_F(BrowserTest, TheShownSlotsEffectGoesAsCodeToTheClipboardAndToAFile)
     EXPECT_EQ(QString::fromStdString(ReadBytes(path + ".h")), code);
     main->ShowSlot(3);
     EXPECT_EQ(MessageOf([&] { main->CopySlotCode(); }), "Slot 3 has not been created");
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(BrowserTest, RenderToWaveWritesTheSceneAndACancelLeavesNoFile)
+{
+    MakeSlot(kEffectEcho);
+    main->ShowContextWindow();
+    ASSERT_GE(bridge->CreateSource(WaveFile().c_str()), 1);
+    // Answers the render dialog with a length and a tail, and cancels the progress when asked to.
+    auto render = [&](const std::string& path, double length, double tail, bool cancel) {
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            if (auto* ask = dynamic_cast<CRenderDialog*>(QApplication::activeModalWidget())) {
+                ask->Length->setValue(length);
+                ask->Tail->setValue(tail);
+                ask->accept();
+            }
+            if (auto* progress = main->findChild<QProgressDialog*>(); progress && cancel && progress->isVisible())
+                progress->cancel();
+        });
+        poll.start(10);
+        return MessageOf([&] {
+            PickFile(main.get(), QString::fromStdString(path), [&] { main->MenuAction(res::ID_RENDER_TO_WAV)->trigger(); });
+        });
+    };
+    const std::string path = TempPath("scene.wav");
+    EXPECT_EQ(render(path, 0.5, 0.25, false), "Rendered 0.75 s into scene.wav");
+    EXPECT_EQ(std::filesystem::file_size(path), 58u + 8u * static_cast<std::uintmax_t>(std::lround(0.75 * 44100)));
+
+    const std::string cancelled = TempPath("cancelled.wav");
+    EXPECT_EQ(render(cancelled, 3600, 0, true), "");
+    EXPECT_FALSE(std::filesystem::exists(cancelled));
+    EXPECT_FALSE(std::filesystem::exists(cancelled + ".partial"));
 }
 
 } // namespace
