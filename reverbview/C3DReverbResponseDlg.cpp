@@ -4,10 +4,14 @@
 #include "controls/DialogTemplate.h"
 #include "resources/ResourceIds.h"
 #include "reverbview/ResponseRender.h"
+#include "reverbview/MeasuredDecayView.h"
 #include "reverbview/ResponseView.h"
+#include "engine/EFX_EffectSlot.h"
+#include "engine/EFX_Factory.h"
 #include "values/UI_EFX_Bridge.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QMouseEvent>
 
 namespace {
@@ -37,7 +41,8 @@ constexpr CheckRow kChecks[] = {
 constexpr int kCheckedAtStart[] = {res::IDC_EARLY_RENDER, res::IDC_LATE_RENDER, res::IDC_REAR_RENDER,
                                    res::IDC_REAR_WIRE, res::IDC_LATE_WIRE, res::IDC_EARLY_WIRE};
 
-constexpr QSize kSize(580, 500);
+constexpr QSize kSize(860, 500);
+constexpr QRect kMeasuredView(584, 28, 266, 380);
 constexpr QRect kView(10, 28, 560, 380);
 
 const ControlTemplate kTemplate[] = {
@@ -55,6 +60,7 @@ const ControlTemplate kTemplate[] = {
     {res::IDC_HF_PLANE, ControlKind::CheckBox, "Render HF Ref. Plane", QRect(320, 418, 200, 20)},
     {res::IDC_LF_PLANE, ControlKind::CheckBox, "Render LF Ref. Plane", QRect(320, 440, 200, 20)},
     {0, ControlKind::Static, "(mouse left click + drag to rotate the view)", QRect(320, 466, 260, 16)},
+    {0, ControlKind::Static, "Measured on a rendered impulse:", QRect(584, 8, 266, 16)},
 };
 
 } // namespace
@@ -72,6 +78,10 @@ C3DReverbResponseDlg::C3DReverbResponseDlg(QWidget* parent)
     GLView->setAccessibleName(QStringLiteral("Reverberation response graph"));
     delete placeholder;
     SetControlId(GLView, res::IDC_RESPONSE_VIEW);
+    Measured = new MeasuredDecayView(this);
+    Measured->setGeometry(kMeasuredView);
+    Measured->MeasuredLabel->setGeometry(584, 418, 266, 18);
+    Measured->SetLabel->setGeometry(584, 440, 266, 18);
     // Moves over the window redraw the graph, with a button held or not.
     setMouseTracking(true);
 
@@ -111,6 +121,16 @@ void C3DReverbResponseDlg::ShowParameters(int slot, const ReverbResponseParams& 
     Params = params;
     setWindowTitle(QString::asprintf("Reverberation Response Graph for slot %d", slot));
     GLView->update();
+    // The slot's reverb as the engine holds it now, measured off this thread.
+    UI_EFX_Bridge* bridge = UI_EFX_Bridge::GetInstance();
+    EFX_Factory* factory = bridge ? bridge->GetFactory() : nullptr;
+    int type = 0;
+    if (EFX_EffectSlot* live = factory ? factory->GetEffectSlot(static_cast<std::uint32_t>(slot)) : nullptr;
+        live && live->GetEffect(&type)) {
+        SlotSnapshot snapshot;
+        CaptureEffectValues(live->EffectObject(), type, snapshot);
+        Measured->Measure(snapshot, params.DecayTime);
+    }
 }
 
 void C3DReverbResponseDlg::Refresh()

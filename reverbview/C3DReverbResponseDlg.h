@@ -9,6 +9,7 @@
 
 #include <cstdint>
 
+class MeasuredDecayView;
 class QCheckBox;
 class ResponseView;
 
@@ -38,6 +39,8 @@ public:
     ReverbResponseParams Params;
 
     ResponseView* GLView = nullptr;
+    // Beside the model: the decay measured on a rendered impulse, recomputed with each new record.
+    MeasuredDecayView* Measured = nullptr;
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -6,6 +6,7 @@
 #include "engine/EFX_EffectSlot.h"
 #include "resources/ResourceIds.h"
 #include "reverbview/C3DReverbResponseDlg.h"
+#include "reverbview/MeasuredDecayView.h"
 #include "reverbview/ResponseRender.h"
 #include "reverbview/ResponseView.h"
 
@@ -13,6 +14,7 @@
 #include <GL/glu.h>
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QTest>
 
 #include <memory>
@@ -279,6 +281,38 @@ TEST_F(ResponseWindowTest, AWireFrameOutlivesItsWindowWhileTheNewBoxShowsItOff)
     glGetIntegerv(GL_POLYGON_MODE, modes);
     window->GLView->doneCurrent();
     EXPECT_EQ(modes[0], GL_LINE);
+}
+
+} // namespace
+
+namespace {
+
+// The number that a "T30 measured: 1.23 s" label shows; 0 while it shows none.
+double MeasuredSeconds(const C3DReverbResponseDlg& window)
+{
+    const QString text = window.Measured->MeasuredLabel->text();
+    bool ok = false;
+    const double value = text.section(' ', 2, 2).toDouble(&ok);
+    return ok ? value : 0;
+}
+
+TEST_F(ResponseWindowTest, TheMeasuredDecayFollowsTheKnobOffTheWindowsThreadAndShowsTheLatestSetting)
+{
+    // Each turn of the decay knob hands the window the engine's reverb; it returns before measuring it.
+    CEFXFloatValObs* decay = Decay();
+    decay->SetValue(2.0);
+    EXPECT_EQ(window->Measured->MeasuredLabel->text(), "T30 measured: measuring...");
+    EXPECT_EQ(window->Measured->SetLabel->text(), "Decay time set: 2.00 s");
+    QTRY_VERIFY_WITH_TIMEOUT(!window->Measured->Busy() && MeasuredSeconds(*window) > 0, 20000);
+    EXPECT_NEAR(MeasuredSeconds(*window), 2.0, 0.3);
+    EXPECT_FALSE(window->Measured->Last().curveMs.empty());
+
+    // Two settings in a row: the view ends on the second.
+    decay->SetValue(0.5);
+    decay->SetValue(5.0);
+    QTRY_VERIFY_WITH_TIMEOUT(!window->Measured->Busy() && MeasuredSeconds(*window) > 3, 30000);
+    EXPECT_NEAR(MeasuredSeconds(*window), 5.0, 0.75);
+    EXPECT_EQ(window->Measured->SetLabel->text(), "Decay time set: 5.00 s");
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "engine/EFX_Factory.h"
 #include "resources/ResourceIds.h"
 #include "reverbview/C3DReverbResponseDlg.h"
+#include "reverbview/MeasuredDecayView.h"
 #include "reverbview/FXPanner.h"
 #include "values/UI_EFX_Bridge.h"
 
@@ -47,6 +48,10 @@ int main(int argc, char** argv)
     if (!QTest::qWaitForWindowExposed(window))
         return 1;
     QTest::qWait(200);
+    // The measured decay beside the graph comes from a render of its own: it is waited for.
+    for (int wait = 0; wait < 500 && window->Measured->Busy(); ++wait)
+        QTest::qWait(20);
+    QTest::qWait(50);
     bool saved = window->grab().save(folder + "/response-window.png");
     saved &= parent.grab().save(folder + "/reverb-panner.png");
 
