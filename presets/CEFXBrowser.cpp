@@ -8,6 +8,7 @@
 #include "presets/PresetCapture.h"
 #include "presets/PresetLabels.h"
 #include "presets/PresetLookups.h"
+#include "presets/SafeSave.h"
 #include "values/UI_EFX_Bridge.h"
 
 #include <QAction>
@@ -438,13 +439,20 @@ bool CEFXBrowser::SaveToPath(const QString& path)
         AfxMessageBox(QStringLiteral("Nothing to save"));
         return false;
     }
-    std::FILE* stream = OpenFile(path, "wb");
-    if (!stream) {
+    // Written beside the old file and put in its place only when whole: a failure keeps the old file.
+    const SaveResult saved = SaveDocumentSafely(*m_document, QFile::encodeName(path).toStdString());
+    switch (saved.status) {
+    case SaveStatus::Saved:
+        return true;
+    case SaveStatus::CannotOpen:
         AfxMessageBox(QStringLiteral("Error opening file for saving"));
         return false;
+    case SaveStatus::CannotWrite:
+        AfxMessageBox(QStringLiteral("Error writing file: %1\nThe file on disk was left as it was")
+                          .arg(QString::fromLocal8Bit(saved.reason.c_str())));
+        return false;
     }
-    m_document->WriteFile(stream);
-    return std::fclose(stream) == 0;
+    return false;
 }
 
 void CEFXBrowser::PrepareFileDialog(QFileDialog& dialog) const

@@ -30,6 +30,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -533,6 +534,40 @@ TEST_F(BrowserTest, RenderToWaveWritesTheSceneAndACancelLeavesNoFile)
     EXPECT_EQ(render(cancelled, 3600, 0, true), "");
     EXPECT_FALSE(std::filesystem::exists(cancelled));
     EXPECT_FALSE(std::filesystem::exists(cancelled + ".partial"));
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(BrowserTest, ASaveIntoAFullFileSystemKeepsTheOldFileByteForByte)
+{
+    // A file system of 64 KB of its own, mounted for the test (which needs the right to mount).
+    const std::string folder = TempPath("small disk");
+    std::filesystem::create_directories(folder);
+    if (std::system(("mount -t tmpfs -o size=64k tmpfs '" + folder + "' 2>/dev/null").c_str()) != 0)
+        GTEST_SKIP() << "no right to mount a small file system here";
+    const std::string path = folder + "/effects.efx";
+    ASSERT_TRUE(browser->SaveToPath(QString::fromStdString(path)));
+    const std::string before = ReadBytes(path);
+    {
+        // Most of what is left goes to another file: room for a new file, not for the document.
+        std::ofstream filler(folder + "/filler", std::ios::binary);
+        const std::string block(1024, 'x');
+        for (int i = 0; i < 52 && filler.write(block.data(), block.size()); ++i) {
+        }
+    }
+    tree->setCurrentItem(tree->topLevelItem(1)); // the whole standard library, about 40 KB
+    Press(res::IDC_COPY_TO_DOCUMENT);
+    const std::string message = MessageOf([&] { browser->SaveToPath(QString::fromStdString(path)); });
+    EXPECT_EQ(message.rfind("Error writing file: No space left on device\n", 0), 0u) << message;
+    EXPECT_EQ(ReadBytes(path), before);
+    std::vector<std::string> left;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        left.push_back(entry.path().filename().string());
+    std::sort(left.begin(), left.end());
+    EXPECT_EQ(left, (std::vector<std::string>{"effects.efx", "filler"}));
+    EXPECT_EQ(std::system(("umount '" + folder + "'").c_str()), 0);
 }
 
 } // namespace
