@@ -8,7 +8,8 @@ int main(int argc, char* argv[])
 {
     ChoosePlatformOptions();
     QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName("Sonoptic");
+    // The name stands in message boxes only: a display name would be appended to every window title.
+    QApplication::setApplicationName("Sonoptic");
     CSonopticApp sonoptic(JoinArguments(argc, argv));
     return sonoptic.InitInstance();
 }

@@ -14,6 +14,8 @@
 #include "presets/StandardReverbLibrary.h"
 #include "resources/ResourceIds.h"
 #include "shell/CConsoleList.h"
+#include "positionview/CEFXSrcPosDlg.h"
+#include "shell/CEFXListSrcDlg.h"
 #include "shell/CRenderDialog.h"
 #include "shell/CSonopticDlg.h"
 
@@ -39,6 +41,9 @@
 #include <iterator>
 #include <memory>
 #include <string>
+
+// Last: the X11 headers define macros that other headers must not meet.
+#include <X11/Xlib.h>
 
 namespace {
 
@@ -568,6 +573,45 @@ TEST_F(BrowserTest, ASaveIntoAFullFileSystemKeepsTheOldFileByteForByte)
     std::sort(left.begin(), left.end());
     EXPECT_EQ(left, (std::vector<std::string>{"effects.efx", "filler"}));
     EXPECT_EQ(std::system(("umount '" + folder + "'").c_str()), 0);
+}
+
+} // namespace
+
+namespace {
+
+// The title that the X server holds for a top-level window, as a window manager reads it.
+std::string ServerTitle(QWidget* window)
+{
+    QTest::qWait(50); // the title's change reaches the server with Qt's next flush
+    Display* display = XOpenDisplay(nullptr);
+    if (!display)
+        return "(no display)";
+    const Atom name = XInternAtom(display, "_NET_WM_NAME", False);
+    const Atom utf8 = XInternAtom(display, "UTF8_STRING", False);
+    Atom type = 0;
+    int format = 0;
+    unsigned long count = 0, after = 0;
+    unsigned char* data = nullptr;
+    std::string title = "(none)";
+    if (XGetWindowProperty(display, static_cast<Window>(window->winId()), name, 0, 4096, False, utf8, &type, &format,
+                           &count, &after, &data) == Success && data) {
+        title.assign(reinterpret_cast<const char*>(data), count);
+        XFree(data);
+    }
+    XCloseDisplay(display);
+    return title;
+}
+
+TEST_F(BrowserTest, EachWindowsTitleOnTheScreenIsExactlyTheTextTheProgramSets)
+{
+    main->ShowContextWindow();
+    main->ShowPositionWindow();
+    const std::vector<QWidget*> windows{main.get(), browser, main->ContextWindow(), main->PositionWindow()};
+    for (QWidget* window : windows) {
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+        EXPECT_EQ(ServerTitle(window), window->windowTitle().toStdString());
+    }
+    EXPECT_EQ(ServerTitle(browser), "EFX Browser");
 }
 
 } // namespace

@@ -8,7 +8,8 @@
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName("Sonoptic");
+    // The name stands in message boxes only: a display name would be appended to every window title.
+    QApplication::setApplicationName("Sonoptic");
     InstallAccessibleValueFactory();
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
