@@ -9,7 +9,6 @@
 #include "engine/CWaves.h"
 #include "engine/LoopbackRenderer.h"
 #include "presets/CEFXPresetTree.h"
-#include "presets/EffectCode.h"
 #include "presets/PresetCapture.h"
 #include "presets/PresetLabels.h"
 #include "presets/PresetLookups.h"
@@ -135,16 +134,11 @@ const PresetNode* FindPreset(const PresetNode* node, const std::string& name)
 // A property value of a preset into the slot's list, under the token of the property it sets.
 void AddValue(SlotSnapshot& slot, const SlotAccessor& property, const SlotValue& value)
 {
-    for (const CodeProperty& code : EffectCodeProperties(slot.effectType)) {
-        const SlotAccessor& a = *code.accessor;
-        if (a.setFloat != property.setFloat || a.setInt != property.setInt || a.setVector != property.setVector)
-            continue;
-        EffectValue out{code.value, property.kind == PropertyKind::Float ? 0 : property.kind == PropertyKind::Vector ? 2 : 1};
-        std::copy(value.f, value.f + 3, out.f.begin());
-        out.i = value.i;
-        slot.values.push_back(out);
-        return;
-    }
+    EffectValue out{property.token,
+                    property.kind == PropertyKind::Float ? 0 : property.kind == PropertyKind::Vector ? 2 : 1};
+    std::copy(value.f, value.f + 3, out.f.begin());
+    out.i = value.i;
+    slot.values.push_back(out);
 }
 
 SlotSnapshot PresetSlot(const Arguments& arguments)

@@ -13,23 +13,27 @@ EFX_EFFECT_GROUPS(SONOPTIC_TOKEN_GROUP)
 struct TypeTokens {
     int type;
     ALint alType;
+    const char* alTypeName;
     std::span<const EffectToken> tokens;
 };
+// The type's AL name is its token's spelling.
+#define SONOPTIC_TYPE(Type, ALType, Tokens) {Type, ALType, #ALType, Tokens}
 constexpr TypeTokens kTypes[] = {
-    {kEffectEAXReverb, AL_EFFECT_EAXREVERB, kEAXReverbTokens},
-    {kEffectReverb, AL_EFFECT_REVERB, kReverbTokens},
-    {kEffectCompressor, AL_EFFECT_COMPRESSOR, kCompressorTokens},
-    {kEffectAutowah, AL_EFFECT_AUTOWAH, kAutowahTokens},
-    {kEffectChorus, AL_EFFECT_CHORUS, kChorusTokens},
-    {kEffectDistortion, AL_EFFECT_DISTORTION, kDistortionTokens},
-    {kEffectEcho, AL_EFFECT_ECHO, kEchoTokens},
-    {kEffectEqualizer, AL_EFFECT_EQUALIZER, kEqualizerTokens},
-    {kEffectFlanger, AL_EFFECT_FLANGER, kFlangerTokens},
-    {kEffectVocalMorpher, AL_EFFECT_VOCAL_MORPHER, kVocalMorpherTokens},
-    {kEffectPitchShifter, AL_EFFECT_PITCH_SHIFTER, kPitchShifterTokens},
-    {kEffectRingModulator, AL_EFFECT_RING_MODULATOR, kRingModulatorTokens},
-    {kEffectFrequencyShifter, AL_EFFECT_FREQUENCY_SHIFTER, kFrequencyShifterTokens},
+    SONOPTIC_TYPE(kEffectEAXReverb, AL_EFFECT_EAXREVERB, kEAXReverbTokens),
+    SONOPTIC_TYPE(kEffectReverb, AL_EFFECT_REVERB, kReverbTokens),
+    SONOPTIC_TYPE(kEffectCompressor, AL_EFFECT_COMPRESSOR, kCompressorTokens),
+    SONOPTIC_TYPE(kEffectAutowah, AL_EFFECT_AUTOWAH, kAutowahTokens),
+    SONOPTIC_TYPE(kEffectChorus, AL_EFFECT_CHORUS, kChorusTokens),
+    SONOPTIC_TYPE(kEffectDistortion, AL_EFFECT_DISTORTION, kDistortionTokens),
+    SONOPTIC_TYPE(kEffectEcho, AL_EFFECT_ECHO, kEchoTokens),
+    SONOPTIC_TYPE(kEffectEqualizer, AL_EFFECT_EQUALIZER, kEqualizerTokens),
+    SONOPTIC_TYPE(kEffectFlanger, AL_EFFECT_FLANGER, kFlangerTokens),
+    SONOPTIC_TYPE(kEffectVocalMorpher, AL_EFFECT_VOCAL_MORPHER, kVocalMorpherTokens),
+    SONOPTIC_TYPE(kEffectPitchShifter, AL_EFFECT_PITCH_SHIFTER, kPitchShifterTokens),
+    SONOPTIC_TYPE(kEffectRingModulator, AL_EFFECT_RING_MODULATOR, kRingModulatorTokens),
+    SONOPTIC_TYPE(kEffectFrequencyShifter, AL_EFFECT_FREQUENCY_SHIFTER, kFrequencyShifterTokens),
 };
+#undef SONOPTIC_TYPE
 
 const TypeTokens* Find(int type)
 {
@@ -51,4 +55,10 @@ ALint ALEffectTypeOf(int effectType)
 {
     const TypeTokens* entry = Find(effectType);
     return entry ? entry->alType : AL_EFFECT_NULL;
+}
+
+const char* ALEffectTypeName(int effectType)
+{
+    const TypeTokens* entry = Find(effectType);
+    return entry ? entry->alTypeName : "AL_EFFECT_NULL";
 }

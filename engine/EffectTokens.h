@@ -21,3 +21,5 @@ struct EffectToken {
 std::span<const EffectToken> EffectTokensOf(int effectType);
 // The AL effect type of an EffectType: AL_EFFECT_ECHO for kEffectEcho, AL_EFFECT_NULL otherwise.
 ALint ALEffectTypeOf(int effectType);
+// Its name: "AL_EFFECT_ECHO", or "AL_EFFECT_NULL".
+const char* ALEffectTypeName(int effectType);

@@ -1,50 +1,13 @@
 #include "presets/EffectCode.h"
 
 #include "engine/EFX_Factory.h"
-#include "presets/SlotProperty.h"
+#include "engine/EffectTokens.h"
+#include "engine/SceneSnapshot.h"
 #include "presets/StandardReverbLibrary.h"
 
 #include <charconv>
-#include <cstdio>
 
 namespace {
-
-#define SONOPTIC_CODE_ROW(Group, Property, Token, Kind, ...) {#Token, Token, &slot_property::k##Group##Property},
-#define SONOPTIC_CODE_GROUP(Group, Properties) \
-    constexpr CodeProperty k##Group##Code[] = {Properties(SONOPTIC_CODE_ROW)};
-EFX_EFFECT_GROUPS(SONOPTIC_CODE_GROUP)
-#undef SONOPTIC_CODE_GROUP
-#undef SONOPTIC_CODE_ROW
-
-struct CodeEffect {
-    int type;
-    const char* typeToken;
-    const char* title;
-    std::span<const CodeProperty> properties;
-};
-constexpr CodeEffect kCodeEffects[] = {
-    {kEffectEAXReverb, "AL_EFFECT_EAXREVERB", "EAX reverb", kEAXReverbCode},
-    {kEffectReverb, "AL_EFFECT_REVERB", "Reverb", kReverbCode},
-    {kEffectCompressor, "AL_EFFECT_COMPRESSOR", "Compressor", kCompressorCode},
-    {kEffectAutowah, "AL_EFFECT_AUTOWAH", "Auto wah", kAutowahCode},
-    {kEffectChorus, "AL_EFFECT_CHORUS", "Chorus", kChorusCode},
-    {kEffectDistortion, "AL_EFFECT_DISTORTION", "Distortion", kDistortionCode},
-    {kEffectEcho, "AL_EFFECT_ECHO", "Echo", kEchoCode},
-    {kEffectEqualizer, "AL_EFFECT_EQUALIZER", "Equalizer", kEqualizerCode},
-    {kEffectFlanger, "AL_EFFECT_FLANGER", "Flanger", kFlangerCode},
-    {kEffectVocalMorpher, "AL_EFFECT_VOCAL_MORPHER", "Vocal morpher", kVocalMorpherCode},
-    {kEffectPitchShifter, "AL_EFFECT_PITCH_SHIFTER", "Pitch shifter", kPitchShifterCode},
-    {kEffectRingModulator, "AL_EFFECT_RING_MODULATOR", "Ring modulator", kRingModulatorCode},
-    {kEffectFrequencyShifter, "AL_EFFECT_FREQUENCY_SHIFTER", "Frequency shifter", kFrequencyShifterCode},
-};
-
-const CodeEffect* FindCodeEffect(int type)
-{
-    for (const CodeEffect& effect : kCodeEffects)
-        if (effect.type == type)
-            return &effect;
-    return nullptr;
-}
 
 std::string Vector(const float* v)
 {
@@ -80,47 +43,39 @@ std::string FloatLiteral(float value)
     return literal + "f";
 }
 
-std::span<const CodeProperty> EffectCodeProperties(int effectType)
-{
-    const CodeEffect* effect = FindCodeEffect(effectType);
-    return effect ? effect->properties : std::span<const CodeProperty>();
-}
-
-const char* EffectTypeToken(int effectType)
-{
-    const CodeEffect* effect = FindCodeEffect(effectType);
-    return effect ? effect->typeToken : "AL_EFFECT_NULL";
-}
-
 std::string SlotEffectCode(EFX_Factory& factory, int slot)
 {
     EFX_EffectSlot* object = slot >= 0 ? factory.GetEffectSlot(static_cast<std::uint32_t>(slot)) : nullptr;
     int type = 0;
     if (!object || !object->GetEffect(&type))
         return {};
-    const CodeEffect* effect = FindCodeEffect(type);
     std::string code;
     if (type == kEffectEAXReverb || type == kEffectReverb)
         code += ReverbInitializer(ReadReverbValues(factory, static_cast<std::uint32_t>(slot), type), slot) + "\n";
-    code += "/* " + std::string(effect ? effect->title : "No effect") + " of slot " + std::to_string(slot) +
-            ": the calls that rebuild it on the effect object \"effect\". */\n";
-    code += "alEffecti(effect, AL_EFFECT_TYPE, " + std::string(EffectTypeToken(type)) + ");\n";
-    for (const CodeProperty& property : EffectCodeProperties(type)) {
-        SlotValue value;
-        GetSlotProperty(*object, *property.accessor, value);
-        const std::string token = property.token;
-        switch (property.accessor->kind) {
-        case PropertyKind::Float:
-            code += "alEffectf(effect, " + token + ", " + FloatLiteral(value.f[0]) + ");\n";
+    const std::string typeName = ALEffectTypeName(type);
+    code += "/* The effect of slot " + std::to_string(slot) + " (" + typeName +
+            "): the calls that rebuild it on the effect object \"effect\". */\n";
+    code += "alEffecti(effect, AL_EFFECT_TYPE, " + typeName + ");\n";
+    // The values as OpenAL holds them, read in the order of the effect's tokens.
+    SlotSnapshot values;
+    CaptureEffectValues(object->EffectObject(), type, values);
+    const auto tokens = EffectTokensOf(type);
+    for (std::size_t i = 0; i < tokens.size() && i < values.values.size(); ++i) {
+        const EffectValue& value = values.values[i];
+        const std::string name = tokens[i].name;
+        switch (tokens[i].kind) {
+        case TokenKind::Float:
+            code += "alEffectf(effect, " + name + ", " + FloatLiteral(value.f[0]) + ");\n";
             break;
-        case PropertyKind::Long:
-            code += "alEffecti(effect, " + token + ", " + std::to_string(value.i) + ");\n";
+        case TokenKind::Long:
+            code += "alEffecti(effect, " + name + ", " + std::to_string(value.i) + ");\n";
             break;
-        case PropertyKind::Bool:
-            code += "alEffecti(effect, " + token + ", " + (value.i ? "AL_TRUE" : "AL_FALSE") + ");\n";
+        case TokenKind::Bool:
+            code += "alEffecti(effect, " + name + ", " + (value.i ? "AL_TRUE" : "AL_FALSE") + ");\n";
             break;
-        case PropertyKind::Vector:
-            code += "{ const ALfloat value[3] = " + Vector(value.f) + "; alEffectfv(effect, " + token + ", value); }\n";
+        case TokenKind::Vector:
+            code += "{ const ALfloat value[3] = " + Vector(value.f.data()) + "; alEffectfv(effect, " + name +
+                    ", value); }\n";
             break;
         }
     }

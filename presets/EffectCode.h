@@ -6,25 +6,9 @@
 // AL/efx-presets.h. Floats are written in their shortest exact form, so the code rebuilds the very
 // values that the slot holds.
 
-#include <AL/al.h>
-
-#include <span>
 #include <string>
 
 class EFX_Factory;
-struct SlotAccessor;
-
-// One property of an effect: its token as OpenAL spells it, its value, and how the engine sets it.
-struct CodeProperty {
-    const char* token;
-    ALenum value;
-    const SlotAccessor* accessor;
-};
-
-// The properties of an EffectType in the engine's order; empty for none.
-std::span<const CodeProperty> EffectCodeProperties(int effectType);
-// "AL_EFFECT_ECHO" for kEffectEcho; "AL_EFFECT_NULL" for none.
-const char* EffectTypeToken(int effectType);
 
 // The code of the effect in slot n; empty when there is no such slot or it cannot say its effect.
 std::string SlotEffectCode(EFX_Factory& factory, int slot);

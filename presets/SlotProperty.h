@@ -11,28 +11,30 @@ enum class PropertyKind { Float, Long, Bool, Vector };
 
 struct SlotAccessor {
     PropertyKind kind;
+    ALenum token = 0; // the EFX property, as OpenAL names it
     int (EFX_EffectSlot::*setFloat)(float) = nullptr;
     int (EFX_EffectSlot::*setInt)(int) = nullptr;
     int (EFX_EffectSlot::*setVector)(const float*) = nullptr;
     int (EFX_EffectSlot::*getFloat)(float*) = nullptr; // also the vector getter: three floats
     int (EFX_EffectSlot::*getInt)(int*) = nullptr;
 
-    static constexpr SlotAccessor Float(int (EFX_EffectSlot::*set)(float), int (EFX_EffectSlot::*get)(float*))
+    static constexpr SlotAccessor Float(ALenum token, int (EFX_EffectSlot::*set)(float),
+                                        int (EFX_EffectSlot::*get)(float*))
     {
-        return {PropertyKind::Float, set, nullptr, nullptr, get, nullptr};
+        return {PropertyKind::Float, token, set, nullptr, nullptr, get, nullptr};
     }
-    static constexpr SlotAccessor Long(int (EFX_EffectSlot::*set)(int), int (EFX_EffectSlot::*get)(int*))
+    static constexpr SlotAccessor Long(ALenum token, int (EFX_EffectSlot::*set)(int), int (EFX_EffectSlot::*get)(int*))
     {
-        return {PropertyKind::Long, nullptr, set, nullptr, nullptr, get};
+        return {PropertyKind::Long, token, nullptr, set, nullptr, nullptr, get};
     }
-    static constexpr SlotAccessor Bool(int (EFX_EffectSlot::*set)(int), int (EFX_EffectSlot::*get)(int*))
+    static constexpr SlotAccessor Bool(ALenum token, int (EFX_EffectSlot::*set)(int), int (EFX_EffectSlot::*get)(int*))
     {
-        return {PropertyKind::Bool, nullptr, set, nullptr, nullptr, get};
+        return {PropertyKind::Bool, token, nullptr, set, nullptr, nullptr, get};
     }
-    static constexpr SlotAccessor Vector(int (EFX_EffectSlot::*set)(const float*),
+    static constexpr SlotAccessor Vector(ALenum token, int (EFX_EffectSlot::*set)(const float*),
                                          int (EFX_EffectSlot::*get)(float*))
     {
-        return {PropertyKind::Vector, nullptr, nullptr, set, get, nullptr};
+        return {PropertyKind::Vector, token, nullptr, nullptr, set, get, nullptr};
     }
 };
 
@@ -51,7 +53,7 @@ namespace slot_property {
 
 #define SONOPTIC_SLOT_ACCESSOR(Group, Property, Token, Kind, ...) \
     inline constexpr SlotAccessor k##Group##Property = \
-        SlotAccessor::Kind(&EFX_EffectSlot::Set##Group##Property, &EFX_EffectSlot::Get##Group##Property);
+        SlotAccessor::Kind(Token, &EFX_EffectSlot::Set##Group##Property, &EFX_EffectSlot::Get##Group##Property);
 #define SONOPTIC_SLOT_ACCESSOR_GROUP(Group, Properties) Properties(SONOPTIC_SLOT_ACCESSOR)
 EFX_EFFECT_GROUPS(SONOPTIC_SLOT_ACCESSOR_GROUP)
 #undef SONOPTIC_SLOT_ACCESSOR_GROUP

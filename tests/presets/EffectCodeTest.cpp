@@ -3,7 +3,7 @@
 // the slot's, for every effect type the library takes, the reverbs' initializers included.
 #include "engine/EFX_Factory.h"
 #include "presets/EffectCode.h"
-#include "presets/SlotProperty.h"
+#include "engine/EffectTokens.h"
 #include "tests/engine/EngineTestSupport.h"
 
 #include <gtest/gtest.h>
@@ -47,11 +47,11 @@ static void Print(ALuint effect, const char* name, ALenum token, int kind)
 }
 )";
 
-int KindOf(const CodeProperty& property)
+int KindOf(const EffectToken& property)
 {
-    switch (property.accessor->kind) {
-    case PropertyKind::Float: return 0;
-    case PropertyKind::Vector: return 2;
+    switch (property.kind) {
+    case TokenKind::Float: return 0;
+    case TokenKind::Vector: return 2;
     default: return 1;
     }
 }
@@ -59,8 +59,8 @@ int KindOf(const CodeProperty& property)
 std::string PrintCalls(int type, const char* effect)
 {
     std::string calls;
-    for (const CodeProperty& property : EffectCodeProperties(type))
-        calls += std::string("    Print(") + effect + ", \"" + property.token + "\", " + property.token + ", " +
+    for (const EffectToken& property : EffectTokensOf(type))
+        calls += std::string("    Print(") + effect + ", \"" + property.name + "\", " + property.name + ", " +
                  std::to_string(KindOf(property)) + ");\n";
     return calls;
 }
@@ -72,54 +72,63 @@ std::string Printed(ALuint effect, int type)
     static const auto alGetEffectfv = reinterpret_cast<LPALGETEFFECTFV>(alGetProcAddress("alGetEffectfv"));
     std::string text;
     char line[160];
-    for (const CodeProperty& property : EffectCodeProperties(type)) {
+    for (const EffectToken& property : EffectTokensOf(type)) {
         if (KindOf(property) == 0) {
             ALfloat v = 0;
-            alGetEffectf(effect, property.value, &v);
-            std::snprintf(line, sizeof line, "%s %.9g\n", property.token, v);
+            alGetEffectf(effect, property.token, &v);
+            std::snprintf(line, sizeof line, "%s %.9g\n", property.name, v);
         } else if (KindOf(property) == 1) {
             ALint v = 0;
-            alGetEffecti(effect, property.value, &v);
-            std::snprintf(line, sizeof line, "%s %d\n", property.token, v);
+            alGetEffecti(effect, property.token, &v);
+            std::snprintf(line, sizeof line, "%s %d\n", property.name, v);
         } else {
             ALfloat v[3] = {0, 0, 0};
-            alGetEffectfv(effect, property.value, v);
-            std::snprintf(line, sizeof line, "%s %.9g %.9g %.9g\n", property.token, v[0], v[1], v[2]);
+            alGetEffectfv(effect, property.token, v);
+            std::snprintf(line, sizeof line, "%s %.9g %.9g %.9g\n", property.name, v[0], v[1], v[2]);
         }
         text += line;
     }
     return text;
 }
 
-// Moves every property off its default where the engine takes the new value.
-void MoveOffDefaults(EFX_EffectSlot& slot, int type)
+// Moves every property of the effect object off its default where OpenAL takes the new value.
+void MoveOffDefaults(ALuint effect, int type)
 {
-    for (const CodeProperty& property : EffectCodeProperties(type)) {
-        SlotValue value;
-        GetSlotProperty(slot, *property.accessor, value);
-        switch (property.accessor->kind) {
-        case PropertyKind::Float:
-            value.f[0] = value.f[0] != 0.0f ? value.f[0] * 0.9f : 0.01f;
-            SetSlotProperty(slot, *property.accessor, value);
-            break;
-        case PropertyKind::Long:
-            ++value.i;
-            if (!SetSlotProperty(slot, *property.accessor, value)) {
-                value.i -= 2;
-                SetSlotProperty(slot, *property.accessor, value);
-            }
-            break;
-        case PropertyKind::Bool:
-            value.i = !value.i;
-            SetSlotProperty(slot, *property.accessor, value);
-            break;
-        case PropertyKind::Vector:
-            value.f[0] = 0.5f;
-            value.f[1] = -0.25f;
-            value.f[2] = 0.125f;
-            SetSlotProperty(slot, *property.accessor, value);
+    static const auto getEffectf = reinterpret_cast<LPALGETEFFECTF>(alGetProcAddress("alGetEffectf"));
+    static const auto getEffecti = reinterpret_cast<LPALGETEFFECTI>(alGetProcAddress("alGetEffecti"));
+    static const auto effectf = reinterpret_cast<LPALEFFECTF>(alGetProcAddress("alEffectf"));
+    static const auto effecti = reinterpret_cast<LPALEFFECTI>(alGetProcAddress("alEffecti"));
+    static const auto effectfv = reinterpret_cast<LPALEFFECTFV>(alGetProcAddress("alEffectfv"));
+    for (const EffectToken& property : EffectTokensOf(type)) {
+        alGetError();
+        switch (property.kind) {
+        case TokenKind::Float: {
+            ALfloat v = 0;
+            getEffectf(effect, property.token, &v);
+            effectf(effect, property.token, v != 0.0f ? v * 0.9f : 0.01f);
             break;
         }
+        case TokenKind::Long: {
+            ALint v = 0;
+            getEffecti(effect, property.token, &v);
+            effecti(effect, property.token, v + 1);
+            if (alGetError() != AL_NO_ERROR)
+                effecti(effect, property.token, v - 1);
+            break;
+        }
+        case TokenKind::Bool: {
+            ALint v = 0;
+            getEffecti(effect, property.token, &v);
+            effecti(effect, property.token, v ? AL_FALSE : AL_TRUE);
+            break;
+        }
+        case TokenKind::Vector: {
+            const ALfloat v[3] = {0.5f, -0.25f, 0.125f};
+            effectfv(effect, property.token, v);
+            break;
+        }
+        }
+        alGetError();
     }
 }
 
@@ -198,11 +207,11 @@ TEST(EffectCode, TheCodeOfEachEffectBuildsTheSameEffectInAProgramOfItsOwn)
     for (int type = kEffectEAXReverb; type <= kEffectFrequencyShifter; ++type) {
         if (!slot->LoadEffect(type))
             continue; // the library lacks it (the vocal morpher before OpenAL Soft 1.20)
-        MoveOffDefaults(*slot, type);
+        MoveOffDefaults(slotEffect, type);
         const std::string printed = Printed(slotEffect, type);
         slot->LoadEffect(type);
-        ASSERT_NE(Printed(slotEffect, type), printed) << EffectTypeToken(type) << ": nothing moved off its default";
-        MoveOffDefaults(*slot, type);
+        ASSERT_NE(Printed(slotEffect, type), printed) << ALEffectTypeName(type) << ": nothing moved off its default";
+        MoveOffDefaults(slotEffect, type);
         std::string code = SlotEffectCode(factory, 0);
         ASSERT_FALSE(code.empty());
         // The two reverbs' initializers share a name: each gets its own in the one program.
