@@ -24,7 +24,9 @@ F AlProc(const char* name)
     return reinterpret_cast<F>(alGetProcAddress(name));
 }
 
-// The entry points of the two extensions and of EFX, resolved once.
+// The entry points of the two extensions and of EFX, resolved once, from OpenAL itself and not
+// through the engine's resolver: the loopback device is not the live engine, and a test's stand-in
+// for one of the live engine's calls must not see (or be raced by) a render on another thread.
 struct Entry {
     LPALCLOOPBACKOPENDEVICESOFT openLoopback = AlcProc<LPALCLOOPBACKOPENDEVICESOFT>("alcLoopbackOpenDeviceSOFT");
     LPALCISRENDERFORMATSUPPORTEDSOFT formatSupported =
