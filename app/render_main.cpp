@@ -150,12 +150,8 @@ SlotSnapshot PresetSlot(const Arguments& arguments)
             Fail("no standard reverb named '" + arguments.standard + "'");
         slot.effectType = kEffectEAXReverb;
         const EAXReverbValues values = StandardReverbValues(*reverb);
-        for (const EAXEngineRow& row : kEAXReverbEngine) {
-            SlotValue value;
-            std::copy_n(values.begin() + row.applyValue, row.property.kind == PropertyKind::Vector ? 3 : 1, value.f);
-            value.i = static_cast<int>(values[row.applyValue]);
-            AddValue(slot, row.property, value);
-        }
+        for (const EAXEngineRow& row : kEAXReverbEngine)
+            AddValue(slot, row.property, EAXValueAt(row.property, values, row.applyValue));
     } else if (!arguments.presetFile.empty()) {
         std::FILE* file = std::fopen(arguments.presetFile.c_str(), "rb");
         if (!file)

@@ -488,12 +488,13 @@ void CEFXBrowser::OnLoadFile()
     QFileDialog dialog(this, QStringLiteral("Open"));
     PrepareFileDialog(dialog);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        LoadFromFile(dialog.selectedFiles().first());
+        return;
+    }
     // A cancel leaves no name and no path: the next refresh shows an empty top item and Save fails.
-    m_path = chosen ? dialog.selectedFiles().first() : QString();
-    m_fileName = chosen ? QFileInfo(m_path).fileName() : QString();
-    if (chosen)
-        LoadFromFile(m_path);
+    m_path.clear();
+    m_fileName.clear();
 }
 
 void CEFXBrowser::LoadFromFile(const QString& path)

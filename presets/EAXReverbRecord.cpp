@@ -84,3 +84,25 @@ void EFXToEAXReverb(const EAXReverbValues& values, std::uint8_t* record)
         }
     }
 }
+
+SlotValue EAXValueAt(const SlotAccessor& property, const EAXReverbValues& values, int index)
+{
+    SlotValue value;
+    if (property.kind == PropertyKind::Vector)
+        std::copy_n(values.begin() + index, 3, value.f);
+    else if (property.kind == PropertyKind::Float)
+        value.f[0] = values[index];
+    else
+        value.i = static_cast<int>(values[index]);
+    return value;
+}
+
+void StoreEAXValue(const SlotAccessor& property, const SlotValue& value, EAXReverbValues& values, int index)
+{
+    if (property.kind == PropertyKind::Vector)
+        std::copy_n(value.f, 3, values.begin() + index);
+    else if (property.kind == PropertyKind::Float)
+        values[index] = value.f[0];
+    else
+        values[index] = static_cast<float>(value.i);
+}

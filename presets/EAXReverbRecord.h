@@ -135,6 +135,11 @@ constexpr bool EAXEngineRowsFit()
 }
 static_assert(EAXEngineRowsFit());
 
+// One property's value as a setter takes it, from the engine values at `index` (three of them for a
+// vector); and a getter's value put back there.
+SlotValue EAXValueAt(const SlotAccessor& property, const EAXReverbValues& values, int index);
+void StoreEAXValue(const SlotAccessor& property, const SlotValue& value, EAXReverbValues& values, int index);
+
 // The engine's values from a 112-byte record: room size cubed x 0.0625 (at most 1.0) as density,
 // levels through MillibelsToGain, the HF limit from bit 5 of Flags; the rest unchanged.
 EAXReverbValues EAXToEFXReverb(const std::uint8_t* record);

@@ -85,12 +85,7 @@ void CaptureEAXReverb(EFX_Factory& factory, std::uint32_t slotIndex, std::uint8_
             continue;
         SlotValue value;
         GetSlotProperty(*slot, row.property, value);
-        if (row.property.kind == PropertyKind::Vector)
-            std::copy(value.f, value.f + 3, values.begin() + row.captureValue);
-        else if (row.property.kind == PropertyKind::Float)
-            values[row.captureValue] = value.f[0];
-        else
-            values[row.captureValue] = static_cast<float>(value.i);
+        StoreEAXValue(row.property, value, values, row.captureValue);
     }
     EFXToEAXReverb(values, record);
 }
@@ -133,16 +128,8 @@ void ForEachPresetValue(const EffectGuid& guid, const std::uint8_t* data, std::u
 
     if (entry->effectType == kEffectEAXReverb) {
         const EAXReverbValues values = EAXToEFXReverb(record.data());
-        for (const EAXEngineRow& row : kEAXReverbEngine) {
-            SlotValue value;
-            if (row.property.kind == PropertyKind::Vector)
-                std::copy_n(values.begin() + row.applyValue, 3, value.f);
-            else if (row.property.kind == PropertyKind::Float)
-                value.f[0] = values[row.applyValue];
-            else
-                value.i = static_cast<int>(values[row.applyValue]);
-            visit(row.property, value);
-        }
+        for (const EAXEngineRow& row : kEAXReverbEngine)
+            visit(row.property, EAXValueAt(row.property, values, row.applyValue));
         return;
     }
     ForEachRowInCallOrder(*layout, [&](const EffectRecordRow& row) { visit(row.property, LoadField(record.data(), row.field)); });

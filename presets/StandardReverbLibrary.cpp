@@ -37,14 +37,7 @@ void SetValue(EFX_Factory& factory, std::uint32_t slotIndex, const SlotAccessor&
     EFX_EffectSlot* slot = factory.GetEffectSlot(slotIndex);
     if (!slot)
         return;
-    SlotValue value;
-    if (property.kind == PropertyKind::Vector)
-        std::copy_n(values.begin() + index, 3, value.f);
-    else if (property.kind == PropertyKind::Float)
-        value.f[0] = values[index];
-    else
-        value.i = static_cast<int>(values[index]);
-    SetSlotProperty(*slot, property, value);
+    SetSlotProperty(*slot, property, EAXValueAt(property, values, index));
 }
 
 void GetValue(EFX_Factory& factory, std::uint32_t slotIndex, const SlotAccessor& property, EAXReverbValues& values,
@@ -52,14 +45,8 @@ void GetValue(EFX_Factory& factory, std::uint32_t slotIndex, const SlotAccessor&
 {
     EFX_EffectSlot* slot = factory.GetEffectSlot(slotIndex);
     SlotValue value;
-    if (!slot || !GetSlotProperty(*slot, property, value))
-        return;
-    if (property.kind == PropertyKind::Vector)
-        std::copy_n(value.f, 3, values.begin() + index);
-    else if (property.kind == PropertyKind::Float)
-        values[index] = value.f[0];
-    else
-        values[index] = value.i != 0 ? 1.0f : 0.0f;
+    if (slot && GetSlotProperty(*slot, property, value))
+        StoreEAXValue(property, value, values, index);
 }
 
 std::u16string Widened(const char* text)
