@@ -73,6 +73,8 @@ void MeasuredDecayView::Finished(MeasuredDecay measured, float decaySet)
     m_lastSet = decaySet;
     MeasuredLabel->setText(m_last.ok && m_last.t30 > 0 ? QStringLiteral("T30 measured: %1 s").arg(m_last.t30, 0, 'f', 2)
                                                         : QStringLiteral("T30 measured: -"));
+    // A screen reader hears what the curve shows in numbers.
+    setAccessibleDescription(MeasuredLabel->text() + QStringLiteral(", ") + SetLabel->text());
     update();
 }
 
