@@ -2,12 +2,3 @@
 
 #include <AL/al.h>
 
-int EFX_Base::CheckALError()
-{
-    return alGetError() == AL_NO_ERROR ? 1 : 0;
-}
-
-void EFX_Base::ClearALError()
-{
-    alGetError();
-}

@@ -2,6 +2,8 @@
 
 #include "engine/ExecLog.h"
 
+#include <AL/al.h>
+
 // Common base of the four engine classes. Every engine operation returns 1 for success and 0 for
 // failure and leaves its text in the object's log; nothing here throws or shows anything.
 class EFX_Base : public ExecLog {
@@ -22,7 +24,8 @@ public:
 protected:
     // The check after each OpenAL call: 1 when alGetError reports AL_NO_ERROR, else 0. The error code
     // itself is never reported; the message says which call failed.
-    static int CheckALError();
+    // Both are inline: a knob turn makes some thirty of them.
+    static int CheckALError() { return alGetError() == AL_NO_ERROR ? 1 : 0; }
     // Drops any error left over from an earlier call, so that it does not count against the next one.
-    static void ClearALError();
+    static void ClearALError() { alGetError(); }
 };

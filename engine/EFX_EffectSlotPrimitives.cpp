@@ -31,7 +31,7 @@ int EFX_EffectSlot::SetSlotBool(int value, ALenum token, const char* name)
         AppendLog(LogMessage("Error setting EFX Aux Slot %s property: alAuxiliaryEffectSloti() failed", name).Text());
         return 0;
     }
-    AppendLog(LogMessage("%s property set", name).Text());
+    AppendLog(name, " property set");
     return 1;
 }
 
@@ -47,7 +47,7 @@ int EFX_EffectSlot::SetSlotFloat(float value, ALenum token, const char* name)
         AppendLog(LogMessage("Error setting EFX Aux Slot %s property: alAuxiliaryEffectSlotf() failed", name).Text());
         return 0;
     }
-    AppendLog(LogMessage("%s property set", name).Text());
+    AppendLog(name, " property set");
     return 1;
 }
 
@@ -88,7 +88,7 @@ int EFX_EffectSlot::CommitEffect(const char* name, int deferred)
 {
     ClearALError();
     if (deferred) {
-        AppendLog(LogMessage("%s property set (deferred)", name).Text());
+        AppendLog(name, " property set (deferred)");
         return 1;
     }
     // The slot plays from its own copy of the effect: only attaching it again makes the change heard.
@@ -97,7 +97,7 @@ int EFX_EffectSlot::CommitEffect(const char* name, int deferred)
         AppendLog("Error loading EFX Effect object in EFX Aux Slot object: alAuxiliaryEffectSloti() failed");
         return 0;
     }
-    AppendLog(LogMessage("%s property set", name).Text());
+    AppendLog(name, " property set");
     return 1;
 }
 

@@ -19,6 +19,9 @@ public:
     // Appends text; when the two together would reach 512 characters the older text is dropped whole,
     // so the newest message always survives.
     void AppendLog(const char* text);
+    // Appends text followed by more as one message, under the same rule; cheaper than formatting
+    // the two into one buffer first.
+    void AppendLog(const char* text, const char* more);
     // The buffer itself, valid as long as the object.
     const char* GetLog() const { return m_log; }
 

@@ -40,7 +40,7 @@ constexpr std::uint16_t kEAXReverbCategory = 5;
 constexpr std::uint16_t kReverbCategory = 6;
 constexpr std::uint16_t kLastEffect = 17;
 
-// The new value, by kind. Number values are found by a checked cast; the event families carry
+// The new value, by kind. Number values are found by the number's own type; the event families carry
 // their state in extra. The listener takes kind 1 always from extra, a source from its long value
 // if there is one (the cone angles) and from extra if not (a routing radio). False when there is
 // no value to be found: the set is skipped, the flush and the write-back run all the same.
@@ -48,7 +48,7 @@ bool FindNewValue(CObservableNumber* subject, ValueChange& change)
 {
     switch (change.kind) {
     case 0:
-        if (auto* number = dynamic_cast<CObservableFloat*>(subject)) {
+        if (CObservableFloat* number = subject ? subject->AsFloat() : nullptr) {
             change.number = number->Value;
             return true;
         }
@@ -58,7 +58,7 @@ bool FindNewValue(CObservableNumber* subject, ValueChange& change)
             change.whole = change.extra;
             return true;
         }
-        if (auto* number = dynamic_cast<CObservableLong*>(subject)) {
+        if (CObservableLong* number = subject ? subject->AsLong() : nullptr) {
             change.whole = number->Value;
             return true;
         }

@@ -201,9 +201,12 @@ const std::span<const EffectRead> kEffectReads[kNumEffectTypes] = {
     kFrequencyShifterReads,
 };
 
-// What a reverb's reads give beside its values: the response record and the two pan vectors.
+// What a reverb's reads give beside its values: the response record and the two pan vectors. The
+// record is filled only while the response window is there to show it; a knob turn pays for its
+// level conversions only then.
 struct ReverbReadout {
     Record record;
+    bool wantRecord = g_bridge.ResponseWindow != nullptr;
     float reflectionsPan[3] = {};
     float latePan[3] = {};
 };
@@ -254,6 +257,8 @@ int ReadEffectRow(EFX_EffectSlot& object, int slot, const EffectRead& row, Rever
             flag->SetCheck(whole);
         break;
     }
+    if (!out.wantRecord)
+        return 1;
     if (row.millibels)
         record.*row.millibels = LevelToMillibels(read[0]);
     if (row.copy)
@@ -271,7 +276,7 @@ void ReadEffect(UI_EFX_Bridge& bridge, EFX_EffectSlot& object, int slot, std::sp
     for (const EffectRead& row : reads) {
         if (!ReadEffectRow(object, slot, row, out))
             bridge.FlushSlotLog(slot);
-        bridge.ClearSlotLog(slot);
+        object.ClearLog(); // what the read left is shown by now, or not wanted
     }
 }
 
@@ -316,14 +321,15 @@ int UI_EFX_Bridge::RefreshReverb(int slot)
         return 0;
     ReverbReadout out;
     ReadEffect(*this, *object, slot, kReverbReads, out);
+    if (!out.wantRecord)
+        return 1;
     Record& record = out.record;
     // The standard reverb has no low band and no reference frequencies: the graph takes fixed ones.
     record.HFReference = 5000.0f;
     record.LFReference = 250.0f;
     record.DecayLFRatio = 1.0f;
     record.GainLF = LevelToMillibels(1.0f);
-    if (g_bridge.ResponseWindow)
-        g_bridge.ResponseWindow->ShowParameters(slot, record);
+    g_bridge.ResponseWindow->ShowParameters(slot, record);
     return 1;
 }
 

@@ -6,6 +6,8 @@
 #include <vector>
 
 class CObservableNumber;
+class CObservableFloat;
+class CObservableLong;
 
 // Numbers that move together: when one changes, each other member in mode 1 moves by the same
 // delta, held within 0 to 65535. Nothing in the program makes a group; the step exists so that a
@@ -29,6 +31,10 @@ public:
     virtual double GetMaximum() const = 0;
     virtual double GetValue() const = 0;
     virtual void SetValue(double value) = 0;
+    // The number as the type it holds, or null: what a checked cast would give, at the price of a
+    // call, on the bridge's path of every knob turn.
+    virtual CObservableFloat* AsFloat() { return nullptr; }
+    virtual CObservableLong* AsLong() { return nullptr; }
 
     // 1: an assignment outside Minimum and Maximum is dropped. 0 until a panel binds the value.
     std::int32_t RangeChecked = 0;
@@ -70,6 +76,12 @@ public:
     T Maximum = 0;
 };
 
-class CObservableFloat : public CObservableScalar<float> {};
+class CObservableFloat : public CObservableScalar<float> {
+public:
+    CObservableFloat* AsFloat() override { return this; }
+};
 // Long values are signed 32-bit, as the engine's integer properties are.
-class CObservableLong : public CObservableScalar<std::int32_t> {};
+class CObservableLong : public CObservableScalar<std::int32_t> {
+public:
+    CObservableLong* AsLong() override { return this; }
+};

@@ -52,6 +52,25 @@ TEST(ExecLog, OverlongSetLogIsCutInsteadOfOverrunning)
     EXPECT_EQ(std::string(log.GetLog()).size(), ExecLog::kLogSize - 1);
 }
 
+// A message appended in two parts leaves the log as the whole message appended at once would: kept,
+// filling it to 511 characters, dropping the older text, or cut when it is too long alone.
+TEST(ExecLog, TwoPartAppendActsAsTheWholeMessage)
+{
+    const struct {
+        std::size_t before, first, second;
+    } cases[] = {{0, 5, 13}, {490, 10, 11}, {490, 11, 11}, {500, 2, 30}, {0, 300, 300}, {100, 600, 0}};
+    for (const auto& c : cases) {
+        ExecLog parts;
+        ExecLog whole;
+        const std::string before(c.before, 'a'), first(c.first, 'b'), second(c.second, 'c');
+        parts.SetLog(before.c_str());
+        whole.SetLog(before.c_str());
+        parts.AppendLog(first.c_str(), second.c_str());
+        whole.AppendLog((first + second).c_str());
+        EXPECT_STREQ(parts.GetLog(), whole.GetLog()) << c.before << " + " << c.first << " + " << c.second;
+    }
+}
+
 TEST(EFX_Base, SafeReleaseOfNullDoesNothingAndFactoryReleaseKeepsItAlive)
 {
     EFX_Base::SafeRelease(nullptr);
