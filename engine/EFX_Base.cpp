@@ -1,4 +1,0 @@
-#include "engine/EFX_Base.h"
-
-#include <AL/al.h>
-
