@@ -265,10 +265,12 @@ QImage SlotButton(int slot, bool selected, int scale)
     return sheet.Take();
 }
 
-QImage ProgramIcon(int scale)
+namespace {
+
+// The icon's shapes on a square of 32 logical pixels: a dark disc, a speaker's dot and three rings
+// spreading to the right.
+void DrawProgramIcon(QPainter& painter)
 {
-    Sheet sheet(32, 32, scale, QColor(0xd4, 0xd0, 0xc8));
-    QPainter& painter = sheet.painter;
     painter.setPen(QPen(QColor(0x10, 0x10, 0x12), 1.0));
     painter.setBrush(QColor(0x2a, 0x2e, 0x36));
     painter.drawEllipse(QRectF(1.5, 1.5, 29, 29));
@@ -281,5 +283,25 @@ QImage ProgramIcon(int scale)
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0xff, 0xa0, 0x20));
     painter.drawEllipse(QPointF(10, 16), 2.5, 2.5);
+}
+
+} // namespace
+
+QImage ProgramIcon(int scale)
+{
+    Sheet sheet(32, 32, scale, QColor(0xd4, 0xd0, 0xc8));
+    DrawProgramIcon(sheet.painter);
     return sheet.Take();
+}
+
+QImage ProgramIconAt(int pixels)
+{
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(pixels / 32.0, pixels / 32.0);
+    DrawProgramIcon(painter);
+    painter.end();
+    return image;
 }

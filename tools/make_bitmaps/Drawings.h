@@ -25,5 +25,8 @@ QImage ReadoutPlate(int scale);
 // A slot button of the main dialog, 48 x 29: the slot's number on a dark plate, with a lamp that is
 // lit when the slot is the one shown.
 QImage SlotButton(int slot, bool selected, int scale);
-// The program's icon, 32 x 32: a speaker's rings on a dark disc.
+// The program's icon, 32 x 32: a speaker's rings on a dark disc, on a light grey ground (a bitmap has no
+// transparency).
 QImage ProgramIcon(int scale);
+// The same icon drawn anew at pixels x pixels on a transparent square, for a desktop's icon theme.
+QImage ProgramIconAt(int pixels);
