@@ -11,6 +11,7 @@ packages=(
   libgtest-dev
   xvfb xauth libxtst-dev
   sox alsa-utils
+  dpkg-dev file desktop-file-utils appstream
 )
 # Extra packages for a purpose of its own, named on the command line (the fuzzer asks for clang).
 packages+=("$@")
