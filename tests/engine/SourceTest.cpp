@@ -358,7 +358,7 @@ TEST_F(SourceTest, EFXPropertiesGoThroughThePrimitivesWithTheirNames)
     ASSERT_EQ(source.Initialize(), 1);
     EXPECT_EQ(source.SetConeOuterGainHF(0.5f), 1);
     EXPECT_EQ(source.SetAirAbsorptionFactor(2.0f), 1);
-    EXPECT_EQ(source.SetRoomRolloffFactor(3.0f), 1);
+    EXPECT_EQ(source.SetRoomRolloffFactor(0.75f), 1);
     EXPECT_EQ(source.SetDirectFilterGainHFAuto(0), 1);
     EXPECT_EQ(source.SetAuxSendFilterGainAuto(0), 1);
     EXPECT_EQ(source.SetAuxSendFilterGainHFAuto(0), 1);
@@ -374,7 +374,7 @@ TEST_F(SourceTest, EFXPropertiesGoThroughThePrimitivesWithTheirNames)
     EXPECT_EQ(source.GetAirAbsorptionFactor(&value), 1);
     EXPECT_EQ(value, 2.0f);
     EXPECT_EQ(source.GetRoomRolloffFactor(&value), 1);
-    EXPECT_EQ(value, 3.0f);
+    EXPECT_EQ(value, 0.75f);
     for (auto get : {&EFX_3DSource::GetDirectFilterGainHFAuto, &EFX_3DSource::GetAuxSendFilterGainAuto,
                      &EFX_3DSource::GetAuxSendFilterGainHFAuto}) {
         flag = -1;

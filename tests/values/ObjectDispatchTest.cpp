@@ -166,7 +166,7 @@ struct SourceProperty {
 };
 
 constexpr SourceProperty kSourceKnobs[] = {
-    {0, AL_ROOM_ROLLOFF_FACTOR, -1, 2.0f},  {1, AL_AIR_ABSORPTION_FACTOR, -1, 3.0f},
+    {0, AL_ROOM_ROLLOFF_FACTOR, -1, 0.5f},  {1, AL_AIR_ABSORPTION_FACTOR, -1, 3.0f},
     {2, AL_REFERENCE_DISTANCE, -1, 2.0f},   {3, AL_MAX_DISTANCE, -1, 500.0f},
     {4, AL_POSITION, 0, 1.0f},              {5, AL_POSITION, 1, -2.0f},
     {6, AL_POSITION, 2, 3.0f},              {7, AL_DIRECTION, 0, 0.5f},
