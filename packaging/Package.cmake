@@ -5,9 +5,8 @@
 # build and are never written out by hand.
 include(GNUInstallDirs)
 
-# One reverse-DNS id names the desktop entry, the icon files and the metadata component: AppStream
-# links the metadata to the desktop entry by it, and the entry finds its icon by it.
-set(SONOPTIC_APP_ID "org.sonoptic.sonoptic")
+# SONOPTIC_APP_ID (set at the top) names the desktop entry, the icon files and the metadata
+# component: AppStream links the metadata to the desktop entry by it, and the entry finds its icon by it.
 # The sizes of the fixed-size icon folders that desktops look in under hicolor/.
 set(SONOPTIC_ICON_SIZES 16 22 24 32 48 64 128 256)
 
