@@ -8,6 +8,7 @@
 #include "presets/ByteOrder.h"
 #include "presets/PresetCapture.h"
 #include "presets/PresetLookups.h"
+#include "presets/SlotProperty.h"
 
 #include "tests/engine/EngineTestSupport.h"
 
@@ -177,30 +178,103 @@ protected:
 
 using S = EFX_EffectSlot;
 
-TEST_F(CaptureApply, EchoGoesOverUnchangedOneCallAndOneSlotPerField)
-{
-    Load(kEffectEcho);
-    m_slot->SetEchoDelay(0.2f);
-    m_slot->SetEchoLrdelay(0.3f);
-    m_slot->SetEchoDamping(0.7f);
-    m_slot->SetEchoFeedback(0.4f);
-    m_slot->SetEchoSpread(0.5f);
-    const Bytes record = Capture(kEffectEcho);
-    ASSERT_EQ(record, Cat({F32(0.2f), F32(0.3f), F32(0.7f), F32(0.4f), F32(0.5f)}));
-    EXPECT_EQ(m_factory->takes, 5);
-    EXPECT_EQ(m_spy.gets, (std::vector<ALenum>{AL_ECHO_DELAY, AL_ECHO_LRDELAY, AL_ECHO_DAMPING, AL_ECHO_FEEDBACK,
-                                               AL_ECHO_SPREAD}));
+namespace sp = slot_property;
 
-    m_slot->SetEchoDefaults();
-    Apply(kEffectEcho, record);
-    EXPECT_EQ(m_factory->takes, 5);
-    EXPECT_EQ(m_spy.sets, (std::vector<ALenum>{AL_ECHO_DELAY, AL_ECHO_LRDELAY, AL_ECHO_DAMPING, AL_ECHO_FEEDBACK,
-                                               AL_ECHO_SPREAD}));
-    EXPECT_EQ(GetF(&S::GetEchoDelay), 0.2f);
-    EXPECT_EQ(GetF(&S::GetEchoLrdelay), 0.3f);
-    EXPECT_EQ(GetF(&S::GetEchoDamping), 0.7f);
-    EXPECT_EQ(GetF(&S::GetEchoFeedback), 0.4f);
-    EXPECT_EQ(GetF(&S::GetEchoSpread), 0.5f);
+// One property of a round trip: the value set before the capture, and what OpenAL holds after the
+// record is applied to the effect's defaults (a level comes back through whole millibels).
+struct Field {
+    SlotAccessor property;
+    float set;
+    float back;
+    float tolerance = 0.0f;
+};
+struct RoundTrip {
+    const char* name;
+    int type;
+    std::vector<Field> fields; // in the order of the getter and setter calls
+    Bytes record;
+};
+
+const Bytes kMinus602 = Le32(static_cast<std::uint32_t>(-602));
+
+const RoundTrip kRoundTrips[] = {
+    {"echo: floats go over unchanged", kEffectEcho,
+     {{sp::kEchoDelay, 0.2f, 0.2f}, {sp::kEchoLrdelay, 0.3f, 0.3f}, {sp::kEchoDamping, 0.7f, 0.7f},
+      {sp::kEchoFeedback, 0.4f, 0.4f}, {sp::kEchoSpread, 0.5f, 0.5f}},
+     Cat({F32(0.2f), F32(0.3f), F32(0.7f), F32(0.4f), F32(0.5f)})},
+    {"compressor off is 0", kEffectCompressor, {{sp::kCompressorOnoff, 0, 0}}, Le32(0)},
+    {"compressor on is 1", kEffectCompressor, {{sp::kCompressorOnoff, 1, 1}}, Le32(1)},
+    {"auto wah: levels are cut to whole millibels", kEffectAutowah,
+     {{sp::kAutowahAttackTime, 0.1f, 0.1f}, {sp::kAutowahReleaseTime, 0.2f, 0.2f},
+      {sp::kAutowahResonance, 50.0f, 49.94592f, 1e-4f}, {sp::kAutowahPeakGain, 2.0f, 1.9998618f, 1e-6f}},
+     Cat({F32(0.1f), F32(0.2f), Le32(3397), Le32(602)})},
+    {"chorus: the waveform applies", kEffectChorus,
+     {{sp::kChorusWaveform, 0, 0}, {sp::kChorusPhase, -45, -45}, {sp::kChorusRate, 2.5f, 2.5f},
+      {sp::kChorusDepth, 0.3f, 0.3f}, {sp::kChorusFeedback, -0.5f, -0.5f}, {sp::kChorusDelay, 0.01f, 0.01f}},
+     Cat({Le32(0), Le32(static_cast<std::uint32_t>(-45)), F32(2.5f), F32(0.3f), F32(-0.5f), F32(0.01f)})},
+    {"distortion: the gain is a level", kEffectDistortion,
+     {{sp::kDistortionEdge, 0.5f, 0.5f}, {sp::kDistortionGain, 0.5f, 0.5000345f, 1e-6f},
+      {sp::kDistortionLowpassCutoff, 5000, 5000}, {sp::kDistortionEqcenter, 2000, 2000},
+      {sp::kDistortionEqbandwidth, 1000, 1000}},
+     Cat({F32(0.5f), kMinus602, F32(5000.0f), F32(2000.0f), F32(1000.0f)})},
+    {"equalizer: its four gains are read and set first", kEffectEqualizer,
+     {{sp::kEqualizerLowGain, 0.5f, 0.5000345f, 1e-6f}, {sp::kEqualizerMid1Gain, 2.0f, 1.9998618f, 1e-6f},
+      {sp::kEqualizerMid2Gain, 0.25f, 0.2500345f, 1e-6f}, {sp::kEqualizerHighGain, 4.0f, 3.9994476f, 1e-5f},
+      {sp::kEqualizerLowCutoff, 100, 100}, {sp::kEqualizerMid1Center, 400, 400},
+      {sp::kEqualizerMid1Width, 0.5f, 0.5f}, {sp::kEqualizerMid2Center, 2000, 2000},
+      {sp::kEqualizerMid2Width, 0.75f, 0.75f}, {sp::kEqualizerHighCutoff, 8000, 8000}},
+     Cat({kMinus602, F32(100.0f), Le32(602), F32(400.0f), F32(0.5f), Le32(static_cast<std::uint32_t>(-1204)),
+          F32(2000.0f), F32(0.75f), Le32(1204), F32(8000.0f)})},
+    {"frequency shifter", kEffectFrequencyShifter,
+     {{sp::kFrequencyShifterFrequency, 100, 100}, {sp::kFrequencyShifterLeftDirection, 1, 1},
+      {sp::kFrequencyShifterRightDirection, 2, 2}},
+     Cat({F32(100.0f), Le32(1), Le32(2)})},
+    {"pitch shifter", kEffectPitchShifter,
+     {{sp::kPitchShifterCoarseTune, -5, -5}, {sp::kPitchShifterFineTune, 30, 30}},
+     Cat({Le32(static_cast<std::uint32_t>(-5)), Le32(30)})},
+    {"ring modulator", kEffectRingModulator,
+     {{sp::kRingModulatorFrequency, 1000, 1000}, {sp::kRingModulatorHighpassCutoff, 500, 500},
+      {sp::kRingModulatorWaveform, 2, 2}},
+     Cat({F32(1000.0f), F32(500.0f), Le32(2)})},
+};
+
+SlotValue ValueOf(const SlotAccessor& property, float number)
+{
+    SlotValue value;
+    value.f[0] = number;
+    value.i = static_cast<int>(number);
+    return value;
+}
+
+// Each effect's values go into its record and back onto the effect's defaults, one getter or setter
+// call and one slot hand-out per field, in the record's order of calls.
+TEST_F(CaptureApply, EffectsGoOverAndBackOneCallAndOneSlotPerField)
+{
+    for (const RoundTrip& trip : kRoundTrips) {
+        SCOPED_TRACE(trip.name);
+        Load(trip.type);
+        std::vector<ALenum> tokens;
+        for (const Field& field : trip.fields) {
+            ASSERT_EQ(SetSlotProperty(*m_slot, field.property, ValueOf(field.property, field.set)), 1);
+            tokens.push_back(field.property.token);
+        }
+        const Bytes record = Capture(trip.type);
+        EXPECT_EQ(record, trip.record);
+        EXPECT_EQ(m_factory->takes, static_cast<int>(trip.fields.size()));
+        EXPECT_EQ(m_spy.gets, tokens);
+
+        Load(kEffectNone);
+        Load(trip.type); // back to the effect's defaults
+        Apply(trip.type, record);
+        EXPECT_EQ(m_factory->takes, static_cast<int>(trip.fields.size()));
+        EXPECT_EQ(m_spy.sets, tokens);
+        for (const Field& field : trip.fields) {
+            SlotValue value;
+            ASSERT_EQ(GetSlotProperty(*m_slot, field.property, value), 1);
+            const float back = field.property.kind == PropertyKind::Float ? value.f[0] : static_cast<float>(value.i);
+            EXPECT_NEAR(back, field.back, field.tolerance) << field.property.token;
+        }
+    }
 }
 
 TEST_F(CaptureApply, ReverbLevelsPassThroughTheOneMillibelScale)
@@ -328,58 +402,6 @@ TEST_F(CaptureApply, EAXReverbGoesThroughRoomSizeAndLeavesThePansAsCaptureLeftTh
     EXPECT_EQ(GetI(&S::GetEAXReverbDecayHflimit), 0);
 }
 
-TEST_F(CaptureApply, CompressorStoresZeroOrOne)
-{
-    Load(kEffectCompressor);
-    m_slot->SetCompressorOnoff(0);
-    const Bytes off = Capture(kEffectCompressor);
-    EXPECT_EQ(off, Le32(0));
-    m_slot->SetCompressorOnoff(1);
-    EXPECT_EQ(Capture(kEffectCompressor), Le32(1));
-    Apply(kEffectCompressor, off);
-    EXPECT_EQ(GetI(&S::GetCompressorOnoff), 0);
-}
-
-TEST_F(CaptureApply, AutoWahLevelsAreCutToWholeMillibels)
-{
-    Load(kEffectAutowah);
-    m_slot->SetAutowahAttackTime(0.1f);
-    m_slot->SetAutowahReleaseTime(0.2f);
-    m_slot->SetAutowahResonance(50.0f);
-    m_slot->SetAutowahPeakGain(2.0f);
-    const Bytes record = Capture(kEffectAutowah);
-    EXPECT_EQ(record, Cat({F32(0.1f), F32(0.2f), Le32(3397), Le32(602)}));
-    m_slot->SetAutowahDefaults();
-    Apply(kEffectAutowah, record);
-    EXPECT_EQ(GetF(&S::GetAutowahAttackTime), 0.1f);
-    EXPECT_EQ(GetF(&S::GetAutowahReleaseTime), 0.2f);
-    EXPECT_NEAR(GetF(&S::GetAutowahResonance), 49.94592f, 1e-4f);
-    EXPECT_NEAR(GetF(&S::GetAutowahPeakGain), 1.9998618f, 1e-6f);
-}
-
-TEST_F(CaptureApply, ChorusAppliesItsWaveform)
-{
-    Load(kEffectChorus);
-    m_slot->SetChorusWaveform(0);
-    m_slot->SetChorusPhase(-45);
-    m_slot->SetChorusRate(2.5f);
-    m_slot->SetChorusDepth(0.3f);
-    m_slot->SetChorusFeedback(-0.5f);
-    m_slot->SetChorusDelay(0.01f);
-    const Bytes record = Capture(kEffectChorus);
-    EXPECT_EQ(record, Cat({Le32(0), Le32(static_cast<std::uint32_t>(-45)), F32(2.5f), F32(0.3f), F32(-0.5f),
-                           F32(0.01f)}));
-    m_slot->SetChorusDefaults();
-    ASSERT_EQ(GetI(&S::GetChorusWaveform), 1);
-    Apply(kEffectChorus, record);
-    EXPECT_EQ(GetI(&S::GetChorusWaveform), 0);
-    EXPECT_EQ(GetI(&S::GetChorusPhase), -45);
-    EXPECT_EQ(GetF(&S::GetChorusRate), 2.5f);
-    EXPECT_EQ(GetF(&S::GetChorusDepth), 0.3f);
-    EXPECT_EQ(GetF(&S::GetChorusFeedback), -0.5f);
-    EXPECT_EQ(GetF(&S::GetChorusDelay), 0.01f);
-}
-
 TEST_F(CaptureApply, FlangerKeepsTheSlotsWaveformAndLogsTheRefusal)
 {
     Load(kEffectFlanger);
@@ -403,98 +425,6 @@ TEST_F(CaptureApply, FlangerKeepsTheSlotsWaveformAndLogsTheRefusal)
     EXPECT_EQ(GetF(&S::GetFlangerDepth), 0.5f);
     EXPECT_EQ(GetF(&S::GetFlangerFeedback), 0.3f);
     EXPECT_EQ(GetF(&S::GetFlangerDelay), 0.003f);
-}
-
-TEST_F(CaptureApply, DistortionGainIsALevel)
-{
-    Load(kEffectDistortion);
-    m_slot->SetDistortionEdge(0.5f);
-    m_slot->SetDistortionGain(0.5f);
-    m_slot->SetDistortionLowpassCutoff(5000.0f);
-    m_slot->SetDistortionEqcenter(2000.0f);
-    m_slot->SetDistortionEqbandwidth(1000.0f);
-    const Bytes record = Capture(kEffectDistortion);
-    EXPECT_EQ(record, Cat({F32(0.5f), Le32(static_cast<std::uint32_t>(-602)), F32(5000.0f), F32(2000.0f),
-                           F32(1000.0f)}));
-    m_slot->SetDistortionDefaults();
-    Apply(kEffectDistortion, record);
-    EXPECT_EQ(GetF(&S::GetDistortionEdge), 0.5f);
-    EXPECT_NEAR(GetF(&S::GetDistortionGain), 0.5000345f, 1e-6f);
-    EXPECT_EQ(GetF(&S::GetDistortionLowpassCutoff), 5000.0f);
-    EXPECT_EQ(GetF(&S::GetDistortionEqcenter), 2000.0f);
-    EXPECT_EQ(GetF(&S::GetDistortionEqbandwidth), 1000.0f);
-}
-
-TEST_F(CaptureApply, EqualizerTakesItsFourGainsFirst)
-{
-    Load(kEffectEqualizer);
-    m_slot->SetEqualizerLowGain(0.5f);
-    m_slot->SetEqualizerLowCutoff(100.0f);
-    m_slot->SetEqualizerMid1Gain(2.0f);
-    m_slot->SetEqualizerMid1Center(400.0f);
-    m_slot->SetEqualizerMid1Width(0.5f);
-    m_slot->SetEqualizerMid2Gain(0.25f);
-    m_slot->SetEqualizerMid2Center(2000.0f);
-    m_slot->SetEqualizerMid2Width(0.75f);
-    m_slot->SetEqualizerHighGain(4.0f);
-    m_slot->SetEqualizerHighCutoff(8000.0f);
-    const std::vector<ALenum> order = {AL_EQUALIZER_LOW_GAIN,    AL_EQUALIZER_MID1_GAIN,   AL_EQUALIZER_MID2_GAIN,
-                                       AL_EQUALIZER_HIGH_GAIN,   AL_EQUALIZER_LOW_CUTOFF,  AL_EQUALIZER_MID1_CENTER,
-                                       AL_EQUALIZER_MID1_WIDTH,  AL_EQUALIZER_MID2_CENTER, AL_EQUALIZER_MID2_WIDTH,
-                                       AL_EQUALIZER_HIGH_CUTOFF};
-    const Bytes record = Capture(kEffectEqualizer);
-    EXPECT_EQ(m_spy.gets, order);
-    EXPECT_EQ(record, Cat({Le32(static_cast<std::uint32_t>(-602)), F32(100.0f), Le32(602), F32(400.0f), F32(0.5f),
-                           Le32(static_cast<std::uint32_t>(-1204)), F32(2000.0f), F32(0.75f), Le32(1204),
-                           F32(8000.0f)}));
-    m_slot->SetEqualizerDefaults();
-    Apply(kEffectEqualizer, record);
-    EXPECT_EQ(m_spy.sets, order);
-    EXPECT_NEAR(GetF(&S::GetEqualizerLowGain), 0.5000345f, 1e-6f);
-    EXPECT_NEAR(GetF(&S::GetEqualizerMid1Gain), 1.9998618f, 1e-6f);
-    EXPECT_NEAR(GetF(&S::GetEqualizerMid2Gain), 0.2500345f, 1e-6f);
-    EXPECT_NEAR(GetF(&S::GetEqualizerHighGain), 3.9994476f, 1e-5f);
-    EXPECT_EQ(GetF(&S::GetEqualizerLowCutoff), 100.0f);
-    EXPECT_EQ(GetF(&S::GetEqualizerMid1Width), 0.5f);
-    EXPECT_EQ(GetF(&S::GetEqualizerMid2Center), 2000.0f);
-    EXPECT_EQ(GetF(&S::GetEqualizerHighCutoff), 8000.0f);
-}
-
-TEST_F(CaptureApply, FrequencyShifterPitchShifterAndRingModulatorGoOverUnchanged)
-{
-    Load(kEffectFrequencyShifter);
-    m_slot->SetFrequencyShifterFrequency(100.0f);
-    m_slot->SetFrequencyShifterLeftDirection(1);
-    m_slot->SetFrequencyShifterRightDirection(2);
-    const Bytes shifter = Capture(kEffectFrequencyShifter);
-    EXPECT_EQ(shifter, Cat({F32(100.0f), Le32(1), Le32(2)}));
-    m_slot->SetFrequencyShifterDefaults();
-    Apply(kEffectFrequencyShifter, shifter);
-    EXPECT_EQ(GetF(&S::GetFrequencyShifterFrequency), 100.0f);
-    EXPECT_EQ(GetI(&S::GetFrequencyShifterLeftDirection), 1);
-    EXPECT_EQ(GetI(&S::GetFrequencyShifterRightDirection), 2);
-
-    Load(kEffectPitchShifter);
-    m_slot->SetPitchShifterCoarseTune(-5);
-    m_slot->SetPitchShifterFineTune(30);
-    const Bytes pitch = Capture(kEffectPitchShifter);
-    EXPECT_EQ(pitch, Cat({Le32(static_cast<std::uint32_t>(-5)), Le32(30)}));
-    m_slot->SetPitchShifterDefaults();
-    Apply(kEffectPitchShifter, pitch);
-    EXPECT_EQ(GetI(&S::GetPitchShifterCoarseTune), -5);
-    EXPECT_EQ(GetI(&S::GetPitchShifterFineTune), 30);
-
-    Load(kEffectRingModulator);
-    m_slot->SetRingModulatorFrequency(1000.0f);
-    m_slot->SetRingModulatorHighpassCutoff(500.0f);
-    m_slot->SetRingModulatorWaveform(2);
-    const Bytes ring = Capture(kEffectRingModulator);
-    EXPECT_EQ(ring, Cat({F32(1000.0f), F32(500.0f), Le32(2)}));
-    m_slot->SetRingModulatorDefaults();
-    Apply(kEffectRingModulator, ring);
-    EXPECT_EQ(GetF(&S::GetRingModulatorFrequency), 1000.0f);
-    EXPECT_EQ(GetF(&S::GetRingModulatorHighpassCutoff), 500.0f);
-    EXPECT_EQ(GetI(&S::GetRingModulatorWaveform), 2);
 }
 
 TEST_F(CaptureApply, VocalMorpherWhereTheLibraryTakesItAndZerosWhereItDoesNot)
