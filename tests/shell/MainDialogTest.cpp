@@ -95,20 +95,35 @@ ModalDriver::Step ReadBox(std::string& text)
 
 } // namespace
 
-TEST(MainDialog, TitleNamesTheGrantedSendsAndTheDevice)
+TEST(MainDialog, TitleNamesTheGrantedSendsAndTheDeviceAndReturnOrTheHiddenOkLeaveItOpen)
 {
     RunMainDialog("-maxsends=3", [](CSonopticDlg& dialog) {
         EXPECT_EQ(dialog.windowTitle().toStdString(), "Sonoptic (OpenAL 1.1 / EFX 1.0) with 3 sends per source, on ");
-        EXPECT_TRUE(dialog.MenuAction(res::ID_AUTOPLAY)->isChecked());
         for (int slot = 0; slot < 4; ++slot)
             EXPECT_FALSE(SlotButton(dialog, slot)->isEnabled());
         EXPECT_TRUE(ShowsSelected(dialog, 0));
+
+        // The auto play check follows the bridge both ways.
+        QAction* autoPlay = dialog.MenuAction(res::ID_AUTOPLAY);
+        EXPECT_TRUE(autoPlay->isChecked());
+        UI_EFX_Bridge::GetInstance()->ToggleAutoPlay();
+        EXPECT_FALSE(autoPlay->isChecked());
+        autoPlay->trigger();
+        EXPECT_EQ(UI_EFX_Bridge::GetInstance()->GetAutoPlay(), 1);
+
+        QTest::keyClick(&dialog, Qt::Key_Return);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        auto* ok = FindControlAs<QPushButton>(&dialog, res::IDOK);
+        EXPECT_FALSE(ok->isVisible());
+        ok->click();
+        EXPECT_TRUE(dialog.isVisible());
     });
 }
 
-TEST(MainDialog, EachCreateSlotMakesTheNextSlotAndTheFifthFails)
+TEST(MainDialog, EachCreateSlotMakesTheNextSlotAndTheFifthFailsWithItsReasonInTheConsole)
 {
     std::string box;
+    std::string reason;
     int presses = 0;
     RunMainDialog(
         "-maxsends=2",
@@ -124,15 +139,17 @@ TEST(MainDialog, EachCreateSlotMakesTheNextSlotAndTheFifthFails)
                     << ConsoleSince(dialog, before);
             }
             // The fifth press shows a box; the driver answers it while the click waits.
-            QTimer::singleShot(0, [create, &presses] {
+            QTimer::singleShot(0, [&] {
                 ++presses;
                 QTest::mouseClick(create, Qt::LeftButton);
+                reason = LastConsoleLine(dialog);
             });
             QTest::qWait(50);
         },
         {ReadBox(box)});
     EXPECT_EQ(presses, 1);
     EXPECT_EQ(box, "Slot creation failed, see console");
+    EXPECT_EQ(reason, "Maximum number of slots already reached");
 }
 
 TEST(MainDialog, CreateSlotShowsTheSlotPanelWithItsVolumeAtTheEnginesGainAndNoEffect)
@@ -164,37 +181,6 @@ TEST(MainDialog, CreateSlotShowsTheSlotPanelWithItsVolumeAtTheEnginesGainAndNoEf
     });
 }
 
-TEST(MainDialog, FifthSlotReasonIsInTheConsole)
-{
-    std::string box;
-    std::string reason;
-    RunMainDialog(
-        "-maxsends=2",
-        [&](CSonopticDlg& dialog) {
-            for (int i = 0; i < 4; ++i)
-                dialog.OnCreateSlot();
-            QTimer::singleShot(0, [&dialog, &reason] {
-                dialog.OnCreateSlot();
-                reason = LastConsoleLine(dialog);
-            });
-            QTest::qWait(50);
-        },
-        {ReadBox(box)});
-    EXPECT_EQ(reason, "Maximum number of slots already reached");
-}
-
-TEST(MainDialog, ReturnAndTheHiddenOkLeaveTheDialogOpen)
-{
-    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
-        QTest::keyClick(&dialog, Qt::Key_Return);
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-        auto* ok = FindControlAs<QPushButton>(&dialog, res::IDOK);
-        EXPECT_FALSE(ok->isVisible());
-        ok->click();
-        EXPECT_TRUE(dialog.isVisible());
-    });
-}
-
 TEST(MainDialog, AboutEntryOpensTheVersionBox)
 {
     std::string version;
@@ -212,18 +198,6 @@ TEST(MainDialog, AboutEntryOpensTheVersionBox)
             ClickOk(about);
         }});
     EXPECT_EQ(version, "Sonoptic Version 1.0");
-}
-
-TEST(MainDialog, AutoPlayCheckFollowsTheBridge)
-{
-    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
-        QAction* autoPlay = dialog.MenuAction(res::ID_AUTOPLAY);
-        UI_EFX_Bridge::GetInstance()->ToggleAutoPlay();
-        EXPECT_FALSE(autoPlay->isChecked());
-        autoPlay->trigger();
-        EXPECT_TRUE(autoPlay->isChecked());
-        EXPECT_EQ(UI_EFX_Bridge::GetInstance()->GetAutoPlay(), 1);
-    });
 }
 
 TEST(MainDialog, ConsoleKeepsItsLastFiveLinesInView)
@@ -268,15 +242,18 @@ TEST(MainDialog, CtrlDigitsShowSlotsAndShiftCtrlDoesNot)
     });
 }
 
-TEST(MainDialog, CtrlPAndBothMenusShowTheOnePositionWindowWhichOutlivesItsClosing)
+TEST(MainDialog, CtrlPAndCtrlBShowTheOnePositionWindowAndBrowserAgainAfterTheirCloseBoxesHidThem)
 {
     RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
         XKeyboard keyboard;
         ASSERT_TRUE(keyboard.Available());
-        dialog.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        auto press = [&](const char* key) {
+            dialog.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            keyboard.Chord({"Control_L"}, key);
+        };
         EXPECT_EQ(dialog.PositionWindow(), nullptr);
-        keyboard.Chord({"Control_L"}, "p");
+        press("p");
         CEFXSrcPosDlg* window = dialog.PositionWindow();
         ASSERT_NE(window, nullptr);
         EXPECT_TRUE(window->isVisible());
@@ -295,26 +272,15 @@ TEST(MainDialog, CtrlPAndBothMenusShowTheOnePositionWindowWhichOutlivesItsClosin
         EXPECT_EQ(dialog.PositionWindow(), window);
         dialog.ContextWindow()->close();
         window->close();
-    });
-}
 
-TEST(MainDialog, CtrlBShowsTheOnePresetBrowserAgainAfterItsCloseBoxHidIt)
-{
-    RunMainDialog("-maxsends=2", [](CSonopticDlg& dialog) {
-        XKeyboard keyboard;
-        ASSERT_TRUE(keyboard.Available());
-        dialog.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
         EXPECT_EQ(dialog.Browser(), nullptr);
-        keyboard.Chord({"Control_L"}, "b");
+        press("b");
         CEFXBrowser* browser = dialog.Browser();
         ASSERT_NE(browser, nullptr);
         EXPECT_TRUE(browser->isVisible());
         browser->close();
         EXPECT_FALSE(browser->isVisible());
-        dialog.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-        keyboard.Chord({"Control_L"}, "b");
+        press("b");
         EXPECT_EQ(dialog.Browser(), browser);
         EXPECT_TRUE(browser->isVisible());
         browser->close();
