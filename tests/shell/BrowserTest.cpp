@@ -483,10 +483,6 @@ TEST_F(BrowserTest, BadFilesAndFailedSavesSayWhatHappenedAndLoseNothingElse)
     EXPECT_EQ(Outline(), "");
 }
 
-} // namespace
-
-namespace {
-
 TEST_F(BrowserTest, TheShownSlotsEffectGoesAsCodeToTheClipboardAndToAFile)
 {
     MakeSlot(kEffectEcho);
@@ -504,10 +500,6 @@ TEST_F(BrowserTest, TheShownSlotsEffectGoesAsCodeToTheClipboardAndToAFile)
     main->ShowSlot(3);
     EXPECT_EQ(MessageOf([&] { main->CopySlotCode(); }), "Slot 3 has not been created");
 }
-
-} // namespace
-
-namespace {
 
 TEST_F(BrowserTest, RenderToWaveWritesTheSceneAndACancelLeavesNoFile)
 {
@@ -541,10 +533,6 @@ TEST_F(BrowserTest, RenderToWaveWritesTheSceneAndACancelLeavesNoFile)
     EXPECT_FALSE(std::filesystem::exists(cancelled + ".partial"));
 }
 
-} // namespace
-
-namespace {
-
 TEST_F(BrowserTest, ASaveIntoAFullFileSystemKeepsTheOldFileByteForByte)
 {
     // A file system of 64 KB of its own, mounted for the test (which needs the right to mount).
@@ -574,10 +562,6 @@ TEST_F(BrowserTest, ASaveIntoAFullFileSystemKeepsTheOldFileByteForByte)
     EXPECT_EQ(left, (std::vector<std::string>{"effects.efx", "filler"}));
     EXPECT_EQ(std::system(("umount '" + folder + "'").c_str()), 0);
 }
-
-} // namespace
-
-namespace {
 
 // The title that the X server holds for a top-level window, as a window manager reads it.
 std::string ServerTitle(QWidget* window)
@@ -613,10 +597,6 @@ TEST_F(BrowserTest, EachWindowsTitleOnTheScreenIsExactlyTheTextTheProgramSets)
     }
     EXPECT_EQ(ServerTitle(browser), "EFX Browser");
 }
-
-} // namespace
-
-namespace {
 
 // The EAX reverb's properties as OpenAL spells them, with the engine value each holds; those that a
 // standard reverb has too carry its token as well.
