@@ -7,10 +7,14 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 
 using engine_test::FactoryPtr;
+using engine_test::Got;
+using engine_test::Got3;
 using engine_test::StartFactory;
+using Vector = std::array<float, 3>;
 
 namespace {
 
@@ -32,6 +36,14 @@ protected:
     void TearDown() override { EFX_Base::SafeRelease(m_context); }
 
     std::string Log() const { return m_context->GetLog(); }
+
+    // The listener's at and up vectors, as the engine reads them.
+    std::pair<Vector, Vector> Orientation()
+    {
+        Vector at{}, up{};
+        EXPECT_EQ(m_context->GetOrientation(at.data(), up.data()), 1) << Log();
+        return {at, up};
+    }
 
     FactoryPtr m_factory;
     EFX_Context* m_context = nullptr;
@@ -57,13 +69,11 @@ TEST(ContextCreation, OneObjectIsMadeLoggedAndGivenAgain)
     factory->ClearLog();
     factory->Shutdown();
     EXPECT_STREQ(factory->GetLog(), "Released OpenAL Context.");
-}
 
-TEST(ContextCreation, NoContextWithoutAnOpenDevice)
-{
-    std::unique_ptr<EFX_Factory> factory(EFX_Factory::Create());
-    EXPECT_EQ(factory->CreateContext(), nullptr);
-    EXPECT_STREQ(factory->GetLog(), "");
+    // A factory without an open device makes none, in silence.
+    std::unique_ptr<EFX_Factory> closed(EFX_Factory::Create());
+    EXPECT_EQ(closed->CreateContext(), nullptr);
+    EXPECT_STREQ(closed->GetLog(), "");
 }
 
 TEST_F(ContextTest, SetDefaultsLogsItsSevenStepsInOrderAndSetsTheListener)
@@ -83,56 +93,29 @@ TEST_F(ContextTest, SetDefaultsLogsItsSevenStepsInOrderAndSetsTheListener)
               "alSpeedOfSound() successful"
               "Listener AL_GAIN set");
 
-    float position[3] = {9, 9, 9};
-    float at[3] = {};
-    float up[3] = {};
-    float velocity[3] = {9, 9, 9};
-    float value = 0;
-    int model = -1;
-    EXPECT_EQ(m_context->GetPosition(position), 1);
-    EXPECT_EQ(position[0], 0.0f);
-    EXPECT_EQ(position[1], 0.0f);
-    EXPECT_EQ(position[2], 0.0f);
-    EXPECT_EQ(m_context->GetOrientation(at, up), 1);
-    EXPECT_EQ(at[2], -1.0f);
-    EXPECT_EQ(up[1], 1.0f);
-    EXPECT_EQ(m_context->GetVelocity(velocity), 1);
-    EXPECT_EQ(velocity[0], 0.0f);
-    EXPECT_EQ(m_context->GetDistanceModel(&model), 1);
-    EXPECT_EQ(model, 2);
-    EXPECT_EQ(m_context->GetSpeedOfSound(&value), 1);
-    EXPECT_FLOAT_EQ(value, 343.3f);
-    EXPECT_EQ(m_context->GetGain(&value), 1);
-    EXPECT_EQ(value, 1.0f);
+    EXPECT_EQ(Got3(*m_context, &EFX_Context::GetPosition), (Vector{0, 0, 0}));
+    EXPECT_EQ(Orientation(), std::make_pair(Vector{0, 0, -1}, Vector{0, 1, 0}));
+    EXPECT_EQ(Got3(*m_context, &EFX_Context::GetVelocity), (Vector{0, 0, 0}));
+    EXPECT_EQ(Got(*m_context, &EFX_Context::GetDistanceModel), 2);
+    EXPECT_FLOAT_EQ(Got(*m_context, &EFX_Context::GetSpeedOfSound), 343.3f);
+    EXPECT_EQ(Got(*m_context, &EFX_Context::GetGain), 1.0f);
 }
 
-TEST_F(ContextTest, VectorsTravelAsThreeFloatsInAndArraysOut)
+TEST_F(ContextTest, VectorsTravelAsThreeFloatsInAndArraysOutAndAGetLogsNothing)
 {
     EXPECT_EQ(m_context->SetPosition(1.5f, -2.0f, 3.25f), 1);
     EXPECT_EQ(m_context->SetVelocity(-4.0f, 5.0f, 0.5f), 1);
     EXPECT_EQ(m_context->SetOrientation(0.0f, 1.0f, 0.0f, 0.0f, 0.0f, 1.0f), 1);
-    EXPECT_EQ(Log(), "Listener AL_POSITION setListener AL_VELOCITY setListener AL_ORIENTATION set");
+    const std::string log = "Listener AL_POSITION setListener AL_VELOCITY setListener AL_ORIENTATION set";
+    EXPECT_EQ(Log(), log);
 
-    float position[3] = {};
-    float velocity[3] = {};
-    float at[3] = {};
-    float up[3] = {};
-    ASSERT_EQ(m_context->GetPosition(position), 1);
-    ASSERT_EQ(m_context->GetVelocity(velocity), 1);
-    ASSERT_EQ(m_context->GetOrientation(at, up), 1);
-    EXPECT_EQ(position[0], 1.5f);
-    EXPECT_EQ(position[1], -2.0f);
-    EXPECT_EQ(position[2], 3.25f);
-    EXPECT_EQ(velocity[0], -4.0f);
-    EXPECT_EQ(velocity[1], 5.0f);
-    EXPECT_EQ(velocity[2], 0.5f);
-    EXPECT_EQ(at[1], 1.0f);
-    EXPECT_EQ(up[2], 1.0f);
-    // A get logs nothing on success.
-    EXPECT_EQ(Log(), "Listener AL_POSITION setListener AL_VELOCITY setListener AL_ORIENTATION set");
+    EXPECT_EQ(Got3(*m_context, &EFX_Context::GetPosition), (Vector{1.5f, -2.0f, 3.25f}));
+    EXPECT_EQ(Got3(*m_context, &EFX_Context::GetVelocity), (Vector{-4.0f, 5.0f, 0.5f}));
+    EXPECT_EQ(Orientation(), std::make_pair(Vector{0, 1, 0}, Vector{0, 0, 1}));
+    EXPECT_EQ(Log(), log);
 }
 
-TEST_F(ContextTest, DistanceModelsUseTheProgramsNumbering)
+TEST_F(ContextTest, DistanceModelsUseTheProgramsNumberingAndOthersAreRefusedBeforeOpenAL)
 {
     const ALenum expected[7] = {AL_NONE, AL_INVERSE_DISTANCE, AL_INVERSE_DISTANCE_CLAMPED, AL_LINEAR_DISTANCE,
                                 AL_LINEAR_DISTANCE_CLAMPED, AL_EXPONENT_DISTANCE, AL_EXPONENT_DISTANCE_CLAMPED};
@@ -140,36 +123,16 @@ TEST_F(ContextTest, DistanceModelsUseTheProgramsNumbering)
         SCOPED_TRACE(number);
         ASSERT_EQ(m_context->SetDistanceModel(number), 1);
         EXPECT_EQ(alGetInteger(AL_DISTANCE_MODEL), expected[number]);
-        int model = -1;
-        ASSERT_EQ(m_context->GetDistanceModel(&model), 1);
-        EXPECT_EQ(model, number);
+        EXPECT_EQ(Got(*m_context, &EFX_Context::GetDistanceModel), number);
     }
-}
 
-TEST_F(ContextTest, InvalidDistanceModelIsRefusedBeforeOpenAL)
-{
     ASSERT_EQ(m_context->SetDistanceModel(3), 1);
-    m_context->ClearLog();
     for (int model : {7, -1}) {
         m_context->ClearLog();
         EXPECT_EQ(m_context->SetDistanceModel(model), 0);
         EXPECT_EQ(Log(), "Set Distance model failed: invalid distance model");
         EXPECT_EQ(alGetInteger(AL_DISTANCE_MODEL), AL_LINEAR_DISTANCE);
     }
-}
-
-TEST_F(ContextTest, RollOffIsNotAListenerPropertyAndAlwaysFails)
-{
-    for (float factor : {0.0f, 1.0f, -3.0f}) {
-        m_context->ClearLog();
-        EXPECT_EQ(m_context->SetRollOffFactor(factor), 0);
-        EXPECT_EQ(Log(), "Set RollOff factor failed: not supported in OpenAL");
-    }
-    float factor = 42.0f;
-    m_context->ClearLog();
-    EXPECT_EQ(m_context->GetRollOffFactor(&factor), 0);
-    EXPECT_EQ(Log(), "GetRollOffFactor() failed: property not supported in OpenAL");
-    EXPECT_EQ(factor, 42.0f);
 }
 
 TEST_F(ContextTest, DopplerFactorIsRememberedOnlyOnSuccess)
@@ -188,36 +151,40 @@ TEST_F(ContextTest, DopplerFactorIsRememberedOnlyOnSuccess)
     // The query goes through OpenAL's state, and logs on success.
     alDopplerFactor(0.75f);
     context.ClearLog();
-    float factor = 0.0f;
-    EXPECT_EQ(context.GetDopplerFactor(&factor), 1);
-    EXPECT_EQ(factor, 0.75f);
+    EXPECT_EQ(Got(context, &EFX_Context::GetDopplerFactor), 0.75f);
     EXPECT_EQ(context.RememberedDopplerFactor(), 0.75f);
     EXPECT_STREQ(context.GetLog(), "GetDopplerFactor() successful");
 }
 
-TEST_F(ContextTest, RefusedValuesLogTheirFailureTexts)
+TEST_F(ContextTest, RefusedValuesLogTheirFailureTextsAndRollOffIsNotAListenerProperty)
 {
-    EXPECT_EQ(m_context->SetSpeedOfSound(-1.0f), 0);
-    EXPECT_EQ(Log(), "alSpeedOfSound() failed");
-    m_context->ClearLog();
-    EXPECT_EQ(m_context->SetGain(-1.0f), 0);
-    EXPECT_EQ(Log(), "Set Listener AL_GAIN failed");
-    m_context->ClearLog();
-    EXPECT_EQ(m_context->SetPosition(std::nanf(""), 0, 0), 0);
-    EXPECT_EQ(Log(), "Set Listener AL_POSITION failed");
-    m_context->ClearLog();
-    EXPECT_EQ(m_context->SetVelocity(0, std::nanf(""), 0), 0);
-    EXPECT_EQ(Log(), "Set Listener AL_VELOCITY failed");
-    m_context->ClearLog();
-    EXPECT_EQ(m_context->SetOrientation(0, 0, std::nanf(""), 0, 1, 0), 0);
-    EXPECT_EQ(Log(), "Listener AL_ORIENTATION failed");
+    const float nan = std::nanf("");
+    const int results = m_context->SetSpeedOfSound(-1.0f) + m_context->SetGain(-1.0f)
+        + m_context->SetPosition(nan, 0, 0) + m_context->SetVelocity(0, nan, 0)
+        + m_context->SetOrientation(0, 0, nan, 0, 1, 0);
+    EXPECT_EQ(results, 0);
+    EXPECT_EQ(Log(),
+              "alSpeedOfSound() failed"
+              "Set Listener AL_GAIN failed"
+              "Set Listener AL_POSITION failed"
+              "Set Listener AL_VELOCITY failed"
+              "Listener AL_ORIENTATION failed");
 
     m_context->ClearLog();
-    float speed = 0;
     EXPECT_EQ(m_context->SetSpeedOfSound(500.0f), 1);
-    EXPECT_EQ(m_context->GetSpeedOfSound(&speed), 1);
-    EXPECT_EQ(speed, 500.0f);
+    EXPECT_EQ(Got(*m_context, &EFX_Context::GetSpeedOfSound), 500.0f);
     EXPECT_EQ(Log(), "alSpeedOfSound() successfulGet AL_SPEED_OF_SOUND successful");
+
+    for (float factor : {0.0f, 1.0f, -3.0f}) {
+        m_context->ClearLog();
+        EXPECT_EQ(m_context->SetRollOffFactor(factor), 0);
+        EXPECT_EQ(Log(), "Set RollOff factor failed: not supported in OpenAL");
+    }
+    float factor = 42.0f;
+    m_context->ClearLog();
+    EXPECT_EQ(m_context->GetRollOffFactor(&factor), 0);
+    EXPECT_EQ(Log(), "GetRollOffFactor() failed: property not supported in OpenAL");
+    EXPECT_EQ(factor, 42.0f);
 }
 
 // SetDefaults stops at the first step that fails and keeps the earlier ones.
@@ -237,12 +204,8 @@ TEST_F(ContextTest, SetDefaultsStopsAtTheFirstFailure)
     EXPECT_EQ(context.SetDefaults(), 0);
     EXPECT_STREQ(context.GetLog(),
                  "Listener AL_POSITION setListener AL_ORIENTATION setalDopplerFactor() successful[velocity refused]");
-    float position[3] = {9, 9, 9};
-    m_context->GetPosition(position);
-    EXPECT_EQ(position[0], 0.0f);
-    float speed = 0;
-    m_context->GetSpeedOfSound(&speed);
-    EXPECT_EQ(speed, 100.0f);
+    EXPECT_EQ(Got3(*m_context, &EFX_Context::GetPosition)[0], 0.0f);
+    EXPECT_EQ(Got(*m_context, &EFX_Context::GetSpeedOfSound), 100.0f);
 }
 
 // Without a current context OpenAL Soft reports an error for every call, which brings out the
@@ -251,10 +214,7 @@ TEST_F(ContextTest, WithoutACurrentContextGettersLogTheirFailureTexts)
 {
     ALCcontext* current = alcGetCurrentContext();
     alcMakeContextCurrent(nullptr);
-    float value = 7.0f;
-    float vector[3] = {7, 7, 7};
-    float at[3] = {7, 7, 7};
-    float up[3] = {7, 7, 7};
+    float value = 7.0f, vector[3] = {7, 7, 7}, at[3] = {7, 7, 7}, up[3] = {7, 7, 7};
     int model = 7;
     const int results = m_context->GetGain(&value) + m_context->GetPosition(vector) + m_context->GetVelocity(vector)
         + m_context->GetOrientation(at, up) + m_context->GetDopplerFactor(&value) + m_context->GetDistanceModel(&model)

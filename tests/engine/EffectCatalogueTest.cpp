@@ -55,6 +55,10 @@ constexpr float Other(float def, float min, float max)
      &EFX_EffectSlot::Set##Group##Property, &EFX_EffectSlot::Get##Group##Property, nullptr, \
      AL_##Prefix##_DEFAULT_##Name##_XYZ, 0.5f}
 
+// A group's name, types and default routine; in the long groups P(Kind, Property, Name) stands for
+// EFX_<Kind>(Group, Property, PREFIX, Name).
+#define GROUP(Group, TYPE) #Group, kEffect##Group, AL_EFFECT_##TYPE, &EFX_EffectSlot::Set##Group##Defaults
+
 struct Group {
     const char* name;
     int type;
@@ -66,133 +70,66 @@ struct Group {
 const std::vector<Group>& Groups()
 {
     static const std::vector<Group> groups = {
-        {"EAXReverb", kEffectEAXReverb, AL_EFFECT_EAXREVERB, &EFX_EffectSlot::SetEAXReverbDefaults,
-         {
-             EFX_FLOAT(EAXReverb, Density, EAXREVERB, DENSITY),
-             EFX_FLOAT(EAXReverb, Diffusion, EAXREVERB, DIFFUSION),
-             EFX_FLOAT(EAXReverb, Gain, EAXREVERB, GAIN),
-             EFX_FLOAT(EAXReverb, Gainhf, EAXREVERB, GAINHF),
-             EFX_FLOAT(EAXReverb, Gainlf, EAXREVERB, GAINLF),
-             EFX_FLOAT(EAXReverb, DecayTime, EAXREVERB, DECAY_TIME),
-             EFX_FLOAT(EAXReverb, DecayHfratio, EAXREVERB, DECAY_HFRATIO),
-             EFX_FLOAT(EAXReverb, DecayLfratio, EAXREVERB, DECAY_LFRATIO),
-             EFX_FLOAT(EAXReverb, ReflectionsGain, EAXREVERB, REFLECTIONS_GAIN),
-             EFX_FLOAT(EAXReverb, ReflectionsDelay, EAXREVERB, REFLECTIONS_DELAY),
-             EFX_VECTOR(EAXReverb, ReflectionsPan, EAXREVERB, REFLECTIONS_PAN),
-             EFX_FLOAT(EAXReverb, LateReverbGain, EAXREVERB, LATE_REVERB_GAIN),
-             EFX_FLOAT(EAXReverb, LateReverbDelay, EAXREVERB, LATE_REVERB_DELAY),
-             EFX_VECTOR(EAXReverb, LateReverbPan, EAXREVERB, LATE_REVERB_PAN),
-             EFX_FLOAT(EAXReverb, EchoTime, EAXREVERB, ECHO_TIME),
-             EFX_FLOAT(EAXReverb, EchoDepth, EAXREVERB, ECHO_DEPTH),
-             EFX_FLOAT(EAXReverb, ModulationTime, EAXREVERB, MODULATION_TIME),
-             EFX_FLOAT(EAXReverb, ModulationDepth, EAXREVERB, MODULATION_DEPTH),
-             EFX_FLOAT(EAXReverb, AirAbsorptionGainhf, EAXREVERB, AIR_ABSORPTION_GAINHF),
-             EFX_FLOAT(EAXReverb, Hfreference, EAXREVERB, HFREFERENCE),
-             EFX_FLOAT(EAXReverb, Lfreference, EAXREVERB, LFREFERENCE),
-             EFX_FLOAT(EAXReverb, RoomRolloffFactor, EAXREVERB, ROOM_ROLLOFF_FACTOR),
-             EFX_BOOL(EAXReverb, DecayHflimit, EAXREVERB, DECAY_HFLIMIT),
-         }},
-        {"Reverb", kEffectReverb, AL_EFFECT_REVERB, &EFX_EffectSlot::SetReverbDefaults,
-         {
-             EFX_FLOAT(Reverb, Density, REVERB, DENSITY),
-             EFX_FLOAT(Reverb, Diffusion, REVERB, DIFFUSION),
-             EFX_FLOAT(Reverb, Gain, REVERB, GAIN),
-             EFX_FLOAT(Reverb, Gainhf, REVERB, GAINHF),
-             EFX_FLOAT(Reverb, DecayTime, REVERB, DECAY_TIME),
-             EFX_FLOAT(Reverb, DecayHfratio, REVERB, DECAY_HFRATIO),
-             EFX_FLOAT(Reverb, ReflectionsGain, REVERB, REFLECTIONS_GAIN),
-             EFX_FLOAT(Reverb, ReflectionsDelay, REVERB, REFLECTIONS_DELAY),
-             EFX_FLOAT(Reverb, LateReverbGain, REVERB, LATE_REVERB_GAIN),
-             EFX_FLOAT(Reverb, LateReverbDelay, REVERB, LATE_REVERB_DELAY),
-             EFX_FLOAT(Reverb, AirAbsorptionGainhf, REVERB, AIR_ABSORPTION_GAINHF),
-             EFX_FLOAT(Reverb, RoomRolloffFactor, REVERB, ROOM_ROLLOFF_FACTOR),
-             EFX_BOOL(Reverb, DecayHflimit, REVERB, DECAY_HFLIMIT),
-         }},
-        {"Compressor", kEffectCompressor, AL_EFFECT_COMPRESSOR, &EFX_EffectSlot::SetCompressorDefaults,
-         {
-             EFX_BOOL(Compressor, Onoff, COMPRESSOR, ONOFF),
-         }},
-        {"Autowah", kEffectAutowah, AL_EFFECT_AUTOWAH, &EFX_EffectSlot::SetAutowahDefaults,
-         {
-             EFX_FLOAT(Autowah, AttackTime, AUTOWAH, ATTACK_TIME),
-             EFX_FLOAT(Autowah, ReleaseTime, AUTOWAH, RELEASE_TIME),
-             EFX_FLOAT(Autowah, Resonance, AUTOWAH, RESONANCE),
-             EFX_FLOAT(Autowah, PeakGain, AUTOWAH, PEAK_GAIN),
-         }},
-        {"Chorus", kEffectChorus, AL_EFFECT_CHORUS, &EFX_EffectSlot::SetChorusDefaults,
-         {
-             EFX_LONG(Chorus, Waveform, CHORUS, WAVEFORM),
-             EFX_LONG(Chorus, Phase, CHORUS, PHASE),
-             EFX_FLOAT(Chorus, Rate, CHORUS, RATE),
-             EFX_FLOAT(Chorus, Depth, CHORUS, DEPTH),
-             EFX_FLOAT(Chorus, Feedback, CHORUS, FEEDBACK),
-             EFX_FLOAT(Chorus, Delay, CHORUS, DELAY),
-         }},
-        {"Distortion", kEffectDistortion, AL_EFFECT_DISTORTION, &EFX_EffectSlot::SetDistortionDefaults,
-         {
-             EFX_FLOAT(Distortion, Edge, DISTORTION, EDGE),
-             EFX_FLOAT(Distortion, Gain, DISTORTION, GAIN),
-             EFX_FLOAT(Distortion, LowpassCutoff, DISTORTION, LOWPASS_CUTOFF),
-             EFX_FLOAT(Distortion, Eqcenter, DISTORTION, EQCENTER),
-             EFX_FLOAT(Distortion, Eqbandwidth, DISTORTION, EQBANDWIDTH),
-         }},
-        {"Echo", kEffectEcho, AL_EFFECT_ECHO, &EFX_EffectSlot::SetEchoDefaults,
-         {
-             EFX_FLOAT(Echo, Delay, ECHO, DELAY),
-             EFX_FLOAT(Echo, Lrdelay, ECHO, LRDELAY),
-             EFX_FLOAT(Echo, Damping, ECHO, DAMPING),
-             EFX_FLOAT(Echo, Feedback, ECHO, FEEDBACK),
-             EFX_FLOAT(Echo, Spread, ECHO, SPREAD),
-         }},
-        {"Equalizer", kEffectEqualizer, AL_EFFECT_EQUALIZER, &EFX_EffectSlot::SetEqualizerDefaults,
-         {
-             EFX_FLOAT(Equalizer, LowGain, EQUALIZER, LOW_GAIN),
-             EFX_FLOAT(Equalizer, LowCutoff, EQUALIZER, LOW_CUTOFF),
-             EFX_FLOAT(Equalizer, Mid1Gain, EQUALIZER, MID1_GAIN),
-             EFX_FLOAT(Equalizer, Mid1Center, EQUALIZER, MID1_CENTER),
-             EFX_FLOAT(Equalizer, Mid1Width, EQUALIZER, MID1_WIDTH),
-             EFX_FLOAT(Equalizer, Mid2Gain, EQUALIZER, MID2_GAIN),
-             EFX_FLOAT(Equalizer, Mid2Center, EQUALIZER, MID2_CENTER),
-             EFX_FLOAT(Equalizer, Mid2Width, EQUALIZER, MID2_WIDTH),
-             EFX_FLOAT(Equalizer, HighGain, EQUALIZER, HIGH_GAIN),
-             EFX_FLOAT(Equalizer, HighCutoff, EQUALIZER, HIGH_CUTOFF),
-         }},
-        {"Flanger", kEffectFlanger, AL_EFFECT_FLANGER, &EFX_EffectSlot::SetFlangerDefaults,
-         {
-             EFX_LONG(Flanger, Waveform, FLANGER, WAVEFORM),
-             EFX_LONG(Flanger, Phase, FLANGER, PHASE),
-             EFX_FLOAT(Flanger, Rate, FLANGER, RATE),
-             EFX_FLOAT(Flanger, Depth, FLANGER, DEPTH),
-             EFX_FLOAT(Flanger, Feedback, FLANGER, FEEDBACK),
-             EFX_FLOAT(Flanger, Delay, FLANGER, DELAY),
-         }},
-        {"FrequencyShifter", kEffectFrequencyShifter, AL_EFFECT_FREQUENCY_SHIFTER,
-         &EFX_EffectSlot::SetFrequencyShifterDefaults,
-         {
-             EFX_FLOAT(FrequencyShifter, Frequency, FREQUENCY_SHIFTER, FREQUENCY),
-             EFX_LONG(FrequencyShifter, LeftDirection, FREQUENCY_SHIFTER, LEFT_DIRECTION),
-             EFX_LONG(FrequencyShifter, RightDirection, FREQUENCY_SHIFTER, RIGHT_DIRECTION),
-         }},
-        {"VocalMorpher", kEffectVocalMorpher, AL_EFFECT_VOCAL_MORPHER, &EFX_EffectSlot::SetVocalMorpherDefaults,
-         {
-             EFX_LONG(VocalMorpher, Phonemea, VOCAL_MORPHER, PHONEMEA),
-             EFX_LONG(VocalMorpher, PhonemeaCoarseTuning, VOCAL_MORPHER, PHONEMEA_COARSE_TUNING),
-             EFX_LONG(VocalMorpher, Phonemeb, VOCAL_MORPHER, PHONEMEB),
-             EFX_LONG(VocalMorpher, PhonemebCoarseTuning, VOCAL_MORPHER, PHONEMEB_COARSE_TUNING),
-             EFX_LONG(VocalMorpher, Waveform, VOCAL_MORPHER, WAVEFORM),
-             EFX_FLOAT(VocalMorpher, Rate, VOCAL_MORPHER, RATE),
-         }},
-        {"PitchShifter", kEffectPitchShifter, AL_EFFECT_PITCH_SHIFTER, &EFX_EffectSlot::SetPitchShifterDefaults,
-         {
-             EFX_LONG(PitchShifter, CoarseTune, PITCH_SHIFTER, COARSE_TUNE),
-             EFX_LONG(PitchShifter, FineTune, PITCH_SHIFTER, FINE_TUNE),
-         }},
-        {"RingModulator", kEffectRingModulator, AL_EFFECT_RING_MODULATOR, &EFX_EffectSlot::SetRingModulatorDefaults,
-         {
-             EFX_FLOAT(RingModulator, Frequency, RING_MODULATOR, FREQUENCY),
-             EFX_FLOAT(RingModulator, HighpassCutoff, RING_MODULATOR, HIGHPASS_CUTOFF),
-             EFX_LONG(RingModulator, Waveform, RING_MODULATOR, WAVEFORM),
-         }},
+#define P(Kind, Property, Name) EFX_##Kind(EAXReverb, Property, EAXREVERB, Name)
+        {GROUP(EAXReverb, EAXREVERB), {P(FLOAT, Density, DENSITY), P(FLOAT, Diffusion, DIFFUSION),
+            P(FLOAT, Gain, GAIN), P(FLOAT, Gainhf, GAINHF), P(FLOAT, Gainlf, GAINLF), P(FLOAT, DecayTime, DECAY_TIME),
+            P(FLOAT, DecayHfratio, DECAY_HFRATIO), P(FLOAT, DecayLfratio, DECAY_LFRATIO),
+            P(FLOAT, ReflectionsGain, REFLECTIONS_GAIN), P(FLOAT, ReflectionsDelay, REFLECTIONS_DELAY),
+            P(VECTOR, ReflectionsPan, REFLECTIONS_PAN), P(FLOAT, LateReverbGain, LATE_REVERB_GAIN),
+            P(FLOAT, LateReverbDelay, LATE_REVERB_DELAY), P(VECTOR, LateReverbPan, LATE_REVERB_PAN),
+            P(FLOAT, EchoTime, ECHO_TIME), P(FLOAT, EchoDepth, ECHO_DEPTH), P(FLOAT, ModulationTime, MODULATION_TIME),
+            P(FLOAT, ModulationDepth, MODULATION_DEPTH), P(FLOAT, AirAbsorptionGainhf, AIR_ABSORPTION_GAINHF),
+            P(FLOAT, Hfreference, HFREFERENCE), P(FLOAT, Lfreference, LFREFERENCE),
+            P(FLOAT, RoomRolloffFactor, ROOM_ROLLOFF_FACTOR), P(BOOL, DecayHflimit, DECAY_HFLIMIT)}},
+#undef P
+#define P(Kind, Property, Name) EFX_##Kind(Reverb, Property, REVERB, Name)
+        {GROUP(Reverb, REVERB), {P(FLOAT, Density, DENSITY), P(FLOAT, Diffusion, DIFFUSION), P(FLOAT, Gain, GAIN),
+            P(FLOAT, Gainhf, GAINHF), P(FLOAT, DecayTime, DECAY_TIME), P(FLOAT, DecayHfratio, DECAY_HFRATIO),
+            P(FLOAT, ReflectionsGain, REFLECTIONS_GAIN), P(FLOAT, ReflectionsDelay, REFLECTIONS_DELAY),
+            P(FLOAT, LateReverbGain, LATE_REVERB_GAIN), P(FLOAT, LateReverbDelay, LATE_REVERB_DELAY),
+            P(FLOAT, AirAbsorptionGainhf, AIR_ABSORPTION_GAINHF), P(FLOAT, RoomRolloffFactor, ROOM_ROLLOFF_FACTOR),
+            P(BOOL, DecayHflimit, DECAY_HFLIMIT)}},
+#undef P
+        {GROUP(Compressor, COMPRESSOR), {EFX_BOOL(Compressor, Onoff, COMPRESSOR, ONOFF)}},
+        {GROUP(Autowah, AUTOWAH), {EFX_FLOAT(Autowah, AttackTime, AUTOWAH, ATTACK_TIME),
+            EFX_FLOAT(Autowah, ReleaseTime, AUTOWAH, RELEASE_TIME), EFX_FLOAT(Autowah, Resonance, AUTOWAH, RESONANCE),
+            EFX_FLOAT(Autowah, PeakGain, AUTOWAH, PEAK_GAIN)}},
+        {GROUP(Chorus, CHORUS), {EFX_LONG(Chorus, Waveform, CHORUS, WAVEFORM), EFX_LONG(Chorus, Phase, CHORUS, PHASE),
+            EFX_FLOAT(Chorus, Rate, CHORUS, RATE), EFX_FLOAT(Chorus, Depth, CHORUS, DEPTH),
+            EFX_FLOAT(Chorus, Feedback, CHORUS, FEEDBACK), EFX_FLOAT(Chorus, Delay, CHORUS, DELAY)}},
+        {GROUP(Distortion, DISTORTION), {EFX_FLOAT(Distortion, Edge, DISTORTION, EDGE),
+            EFX_FLOAT(Distortion, Gain, DISTORTION, GAIN),
+            EFX_FLOAT(Distortion, LowpassCutoff, DISTORTION, LOWPASS_CUTOFF),
+            EFX_FLOAT(Distortion, Eqcenter, DISTORTION, EQCENTER),
+            EFX_FLOAT(Distortion, Eqbandwidth, DISTORTION, EQBANDWIDTH)}},
+        {GROUP(Echo, ECHO), {EFX_FLOAT(Echo, Delay, ECHO, DELAY), EFX_FLOAT(Echo, Lrdelay, ECHO, LRDELAY),
+            EFX_FLOAT(Echo, Damping, ECHO, DAMPING), EFX_FLOAT(Echo, Feedback, ECHO, FEEDBACK),
+            EFX_FLOAT(Echo, Spread, ECHO, SPREAD)}},
+#define P(Kind, Property, Name) EFX_##Kind(Equalizer, Property, EQUALIZER, Name)
+        {GROUP(Equalizer, EQUALIZER), {P(FLOAT, LowGain, LOW_GAIN), P(FLOAT, LowCutoff, LOW_CUTOFF),
+            P(FLOAT, Mid1Gain, MID1_GAIN), P(FLOAT, Mid1Center, MID1_CENTER), P(FLOAT, Mid1Width, MID1_WIDTH),
+            P(FLOAT, Mid2Gain, MID2_GAIN), P(FLOAT, Mid2Center, MID2_CENTER), P(FLOAT, Mid2Width, MID2_WIDTH),
+            P(FLOAT, HighGain, HIGH_GAIN), P(FLOAT, HighCutoff, HIGH_CUTOFF)}},
+#undef P
+        {GROUP(Flanger, FLANGER), {EFX_LONG(Flanger, Waveform, FLANGER, WAVEFORM),
+            EFX_LONG(Flanger, Phase, FLANGER, PHASE), EFX_FLOAT(Flanger, Rate, FLANGER, RATE),
+            EFX_FLOAT(Flanger, Depth, FLANGER, DEPTH), EFX_FLOAT(Flanger, Feedback, FLANGER, FEEDBACK),
+            EFX_FLOAT(Flanger, Delay, FLANGER, DELAY)}},
+        {GROUP(FrequencyShifter, FREQUENCY_SHIFTER), {
+            EFX_FLOAT(FrequencyShifter, Frequency, FREQUENCY_SHIFTER, FREQUENCY),
+            EFX_LONG(FrequencyShifter, LeftDirection, FREQUENCY_SHIFTER, LEFT_DIRECTION),
+            EFX_LONG(FrequencyShifter, RightDirection, FREQUENCY_SHIFTER, RIGHT_DIRECTION)}},
+        {GROUP(VocalMorpher, VOCAL_MORPHER), {EFX_LONG(VocalMorpher, Phonemea, VOCAL_MORPHER, PHONEMEA),
+            EFX_LONG(VocalMorpher, PhonemeaCoarseTuning, VOCAL_MORPHER, PHONEMEA_COARSE_TUNING),
+            EFX_LONG(VocalMorpher, Phonemeb, VOCAL_MORPHER, PHONEMEB),
+            EFX_LONG(VocalMorpher, PhonemebCoarseTuning, VOCAL_MORPHER, PHONEMEB_COARSE_TUNING),
+            EFX_LONG(VocalMorpher, Waveform, VOCAL_MORPHER, WAVEFORM),
+            EFX_FLOAT(VocalMorpher, Rate, VOCAL_MORPHER, RATE)}},
+        {GROUP(PitchShifter, PITCH_SHIFTER), {EFX_LONG(PitchShifter, CoarseTune, PITCH_SHIFTER, COARSE_TUNE),
+            EFX_LONG(PitchShifter, FineTune, PITCH_SHIFTER, FINE_TUNE)}},
+        {GROUP(RingModulator, RING_MODULATOR), {EFX_FLOAT(RingModulator, Frequency, RING_MODULATOR, FREQUENCY),
+            EFX_FLOAT(RingModulator, HighpassCutoff, RING_MODULATOR, HIGHPASS_CUTOFF),
+            EFX_LONG(RingModulator, Waveform, RING_MODULATOR, WAVEFORM)}},
     };
     return groups;
 }
@@ -215,8 +152,7 @@ protected:
     float ReadThroughEngine(const Property& p)
     {
         int value = -99;
-        float number = -99.0f;
-        float vector[3] = {-99.0f, -99.0f, -99.0f};
+        float number = -99.0f, vector[3] = {-99.0f, -99.0f, -99.0f};
         int result = 0;
         switch (p.kind) {
         case Kind::Float:
@@ -329,23 +265,9 @@ INSTANTIATE_TEST_SUITE_P(AllGroups, CatalogueTest, ::testing::Range<std::size_t>
 
 namespace {
 
-class CatalogueEdges : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        m_factory = StartFactory();
-        m_slot = m_factory->CreateEffectSlot(2);
-        ASSERT_NE(m_slot, nullptr);
-        m_slot->ClearLog();
-    }
-    std::string Log() const { return m_slot->GetLog(); }
+using CatalogueEdges = engine_test::SlotFixture<2>;
 
-    FactoryPtr m_factory;
-    EFX_EffectSlot* m_slot = nullptr;
-};
-
-// A default routine calls its setters through the virtual table and stops at the first failure,
-// keeping what it set before.
+// A default routine calls its setters through the virtual table.
 class ChorusWithRefusedDepth : public EFX_EffectSlot {
 public:
     explicit ChorusWithRefusedDepth(ALuint slot)
@@ -361,23 +283,15 @@ public:
 
 } // namespace
 
-TEST_F(CatalogueEdges, ChorusDefaultsLogSixSetsOnChorusAndStopAtTheFirstOnEcho)
+// A default routine stops at its first failing setter, keeping what it set before: on a slot that
+// holds another effect, at once; through an overridden setter, after the ones before it.
+TEST_F(CatalogueEdges, DefaultRoutinesStopAtTheFirstFailingSetter)
 {
-    ASSERT_EQ(m_slot->LoadEffect(kEffectChorus), 1);
-    m_slot->ClearLog();
-    EXPECT_EQ(m_slot->SetChorusDefaults(), 1);
-    EXPECT_EQ(Log(),
-              "AL_CHORUS_WAVEFORM property setAL_CHORUS_PHASE property setAL_CHORUS_RATE property set"
-              "AL_CHORUS_DEPTH property setAL_CHORUS_FEEDBACK property setAL_CHORUS_DELAY property set");
-
     ASSERT_EQ(m_slot->LoadEffect(kEffectEcho), 1);
     m_slot->ClearLog();
     EXPECT_EQ(m_slot->SetChorusDefaults(), 0);
     EXPECT_EQ(Log(), "Error setting AL_CHORUS_WAVEFORM in EFX Effect object: alEffecti() failed");
-}
 
-TEST_F(CatalogueEdges, DefaultRoutineStopsAtAnOverriddenFailingSetter)
-{
     ChorusWithRefusedDepth slot(EFX_Factory::GetEffectSlotId(3));
     ASSERT_EQ(slot.InitializeEAXSupport(), 1);
     ASSERT_EQ(slot.LoadEffect(kEffectChorus), 1);
@@ -387,12 +301,10 @@ TEST_F(CatalogueEdges, DefaultRoutineStopsAtAnOverriddenFailingSetter)
     EXPECT_STREQ(slot.GetLog(),
                  "AL_CHORUS_WAVEFORM property setAL_CHORUS_PHASE property setAL_CHORUS_RATE property set"
                  "[depth refused]");
-    float feedback = 0;
-    EXPECT_EQ(slot.GetChorusFeedback(&feedback), 1);
-    EXPECT_EQ(feedback, -0.75f);
+    EXPECT_EQ(engine_test::Got(slot, &EFX_EffectSlot::GetChorusFeedback), -0.75f);
 }
 
-TEST_F(CatalogueEdges, PropertiesOfAnotherEffectFailWithTheirNames)
+TEST_F(CatalogueEdges, PropertiesOfAnotherEffectFailWithTheirNamesAndBoolsConvertBothWays)
 {
     ASSERT_EQ(m_slot->LoadEffect(kEffectChorus), 1);
     m_slot->ClearLog();
@@ -414,37 +326,30 @@ TEST_F(CatalogueEdges, PropertiesOfAnotherEffectFailWithTheirNames)
     // Outputs are left alone on failure.
     EXPECT_EQ(waveform, 5);
     EXPECT_EQ(pan[0], 9.0f);
-}
 
-// The bool properties pass exactly 0 or 1 and read back 1 only for exactly 1. On the pitch shifter
-// the compressor's token is the coarse tune, a long, which shows both conversions on real values.
-TEST_F(CatalogueEdges, BoolPropertiesConvertBothWays)
-{
+    // The bool properties pass exactly 0 or 1 and read back 1 only for exactly 1. On the pitch shifter
+    // the compressor's token is the coarse tune, a long, which shows both conversions on real values.
+    using engine_test::Got;
     ASSERT_EQ(m_slot->LoadEffect(kEffectCompressor), 1);
-    int onoff = -1;
     EXPECT_EQ(m_slot->SetCompressorOnoff(5), 1);
-    EXPECT_EQ(m_slot->GetCompressorOnoff(&onoff), 1);
-    EXPECT_EQ(onoff, 1);
+    EXPECT_EQ(Got(*m_slot, &EFX_EffectSlot::GetCompressorOnoff), 1);
 
     ASSERT_EQ(m_slot->LoadEffect(kEffectPitchShifter), 1);
-    EXPECT_EQ(m_slot->GetCompressorOnoff(&onoff), 1);
-    EXPECT_EQ(onoff, 0); // the coarse tune is 12, not exactly 1
+    EXPECT_EQ(Got(*m_slot, &EFX_EffectSlot::GetCompressorOnoff), 0); // the coarse tune is 12, not exactly 1
     EXPECT_EQ(m_slot->SetPitchShifterCoarseTune(-12), 1);
     EXPECT_EQ(m_slot->SetCompressorOnoff(-7), 1);
-    int coarse = 0;
-    EXPECT_EQ(m_slot->GetPitchShifterCoarseTune(&coarse), 1);
-    EXPECT_EQ(coarse, 1);
-    EXPECT_EQ(m_slot->GetCompressorOnoff(&onoff), 1);
-    EXPECT_EQ(onoff, 1);
+    EXPECT_EQ(Got(*m_slot, &EFX_EffectSlot::GetPitchShifterCoarseTune), 1);
+    EXPECT_EQ(Got(*m_slot, &EFX_EffectSlot::GetCompressorOnoff), 1);
     // The top of its range is the default.
     EXPECT_EQ(m_slot->SetPitchShifterCoarseTune(12), 1);
     EXPECT_EQ(m_slot->SetPitchShifterCoarseTune(13), 0);
 
     // A failed bool get still writes its converted output.
     ASSERT_EQ(m_slot->LoadEffect(kEffectEcho), 1);
-    onoff = 7;
+    int onoff = 7;
     m_slot->ClearLog();
     EXPECT_EQ(m_slot->GetCompressorOnoff(&onoff), 0);
     EXPECT_EQ(onoff, 0);
     EXPECT_EQ(Log(), "Error retrieving AL_COMPRESSOR_ONOFF property from EFX Effect object: alGetEffecti() failed");
 }
+

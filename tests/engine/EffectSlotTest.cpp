@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 
 using engine_test::EffectSpy;
@@ -14,24 +15,9 @@ using engine_test::StartFactory;
 
 namespace {
 
-class SlotTest : public ::testing::Test {
+class SlotTest : public engine_test::SlotFixture<0> {
 protected:
-    void SetUp() override
-    {
-        m_factory = StartFactory();
-        m_slot = m_factory->CreateEffectSlot(0);
-        ASSERT_NE(m_slot, nullptr) << m_factory->GetLog();
-        m_slot->ClearLog();
-    }
-
-    std::string Log() const { return m_slot->GetLog(); }
-
-    int Effect()
-    {
-        int type = -1;
-        EXPECT_EQ(m_slot->GetEffect(&type), 1) << Log();
-        return type;
-    }
+    int Effect() { return engine_test::Got(*m_slot, &EFX_EffectSlot::GetEffect); }
 
     ALint SendAutoInOpenAL() const
     {
@@ -40,10 +26,6 @@ protected:
         getSloti(EFX_Factory::GetEffectSlotId(0), AL_EFFECTSLOT_AUXILIARY_SEND_AUTO, &value);
         return value;
     }
-
-    EffectSpy m_spy;
-    FactoryPtr m_factory;
-    EFX_EffectSlot* m_slot = nullptr;
 };
 
 // A slot object that never resolved its entry points.
@@ -67,7 +49,7 @@ public:
 
 } // namespace
 
-TEST(SlotCreation, SlotsAreMadeOnceWithinTheGeneratedNumber)
+TEST(SlotCreation, SlotsAreMadeOnceWithinTheGeneratedNumberAndOnlyOnAnOpenDevice)
 {
     FactoryPtr factory = StartFactory();
     EFX_EffectSlot* slot = factory->CreateEffectSlot(2);
@@ -86,46 +68,32 @@ TEST(SlotCreation, SlotsAreMadeOnceWithinTheGeneratedNumber)
     int type = -1;
     EXPECT_EQ(slot->GetEffect(&type), 1);
     EXPECT_EQ(type, kEffectNone);
-}
 
-TEST(SlotCreation, NoSlotWithoutAnOpenDevice)
-{
-    std::unique_ptr<EFX_Factory> factory(EFX_Factory::Create());
-    EXPECT_EQ(factory->CreateEffectSlot(0), nullptr);
-    EXPECT_STREQ(factory->GetLog(), "");
+    // A factory without an open device makes none, in silence.
+    std::unique_ptr<EFX_Factory> closed(EFX_Factory::Create());
+    EXPECT_EQ(closed->CreateEffectSlot(0), nullptr);
+    EXPECT_STREQ(closed->GetLog(), "");
 }
 
 // Each missing entry point fails the creation with its own line, in the order of resolution. Three
 // lines have a single point.
 TEST(SlotCreation, EachMissingEntryPointIsReportedWithItsOwnLine)
 {
-    const char* const lines[][2] = {
-        {"alGenEffects", "EFX extension: alGenEffects is unavailable..\n"},
-        {"alDeleteEffects", "EFX extension: alDeleteEffects is unavailable..\n"},
-        {"alIsEffect", "EFX extension: alIsEffect is unavailable..\n"},
-        {"alEffecti", "EFX extension: alEffecti is unavailable..\n"},
-        {"alEffectiv", "EFX extension: alEffectiv is unavailable..\n"},
-        {"alEffectf", "EFX extension: alEffectf is unavailable..\n"},
-        {"alEffectfv", "EFX extension: alEffectfv is unavailable.\n"},
-        {"alGetEffecti", "EFX extension: alGetEffecti is unavailable.\n"},
-        {"alGetEffectiv", "EFX extension: alGetEffectiv is unavailable..\n"},
-        {"alGetEffectf", "EFX extension: alGetEffectf is unavailable.\n"},
-        {"alGetEffectfv", "EFX extension: alGetEffectfv is unavailable..\n"},
-        {"alGenAuxiliaryEffectSlots", "EFX extension: alGenAuxiliaryEffectSlots is unavailable..\n"},
-        {"alDeleteAuxiliaryEffectSlots", "EFX extension: alDeleteAuxiliaryEffectSlots is unavailable..\n"},
-        {"alIsAuxiliaryEffectSlot", "EFX extension: alIsAuxiliaryEffectSlot is unavailable..\n"},
-        {"alAuxiliaryEffectSloti", "EFX extension: alAuxiliaryEffectSloti is unavailable..\n"},
-        {"alAuxiliaryEffectSlotf", "EFX extension: alAuxiliaryEffectSlotf is unavailable..\n"},
-        {"alGetAuxiliaryEffectSloti", "EFX extension: alGetAuxiliaryEffectSloti is unavailable..\n"},
-        {"alGetAuxiliaryEffectSlotf", "EFX extension: alGetAuxiliaryEffectSlotf is unavailable..\n"},
+    const char* const names[] = {
+        "alGenEffects", "alDeleteEffects", "alIsEffect", "alEffecti", "alEffectiv", "alEffectf", "alEffectfv",
+        "alGetEffecti", "alGetEffectiv", "alGetEffectf", "alGetEffectfv", "alGenAuxiliaryEffectSlots",
+        "alDeleteAuxiliaryEffectSlots", "alIsAuxiliaryEffectSlot", "alAuxiliaryEffectSloti",
+        "alAuxiliaryEffectSlotf", "alGetAuxiliaryEffectSloti", "alGetAuxiliaryEffectSlotf",
     };
+    const std::set<std::string> singlePoint = {"alEffectfv", "alGetEffecti", "alGetEffectf"};
     FactoryPtr factory = StartFactory();
-    for (const auto& line : lines) {
-        SCOPED_TRACE(line[0]);
-        engine_test::HiddenEntryPoint hidden(line[0]);
+    for (const std::string name : names) {
+        SCOPED_TRACE(name);
+        engine_test::HiddenEntryPoint hidden(name.c_str());
         factory->AppendLog("older text");
         EXPECT_EQ(factory->CreateEffectSlot(1), nullptr);
-        EXPECT_EQ(std::string(factory->GetLog()), std::string("Cannot create Slot: ") + line[1]);
+        EXPECT_EQ(std::string(factory->GetLog()), "Cannot create Slot: EFX extension: " + name + " is unavailable"
+                                                      + (singlePoint.count(name) ? "." : "..") + "\n");
         EXPECT_EQ(factory->GetEffectSlot(1), nullptr);
     }
 }
@@ -150,7 +118,7 @@ TEST(SlotCreation, FailedEffectGenerationStillGivesASlotWhoseLoadsFail)
     EXPECT_EQ(type, -1);
 }
 
-TEST_F(SlotTest, EveryTypeTheLibraryTakesLoadsAndReadsBack)
+TEST_F(SlotTest, EveryTypeTheLibraryTakesLoadsAndReadsBackAndUnknownOnesAreRefused)
 {
     const ALint alTypes[kNumEffectTypes] = {
         AL_EFFECT_NULL, AL_EFFECT_EAXREVERB, AL_EFFECT_REVERB, AL_EFFECT_COMPRESSOR, AL_EFFECT_AUTOWAH,
@@ -180,10 +148,8 @@ TEST_F(SlotTest, EveryTypeTheLibraryTakesLoadsAndReadsBack)
     m_spy.attaches = 0;
     EXPECT_EQ(m_slot->UnloadEffect(), 1);
     EXPECT_EQ(m_spy.attaches, 1);
-}
 
-TEST_F(SlotTest, UnknownTypesAreRefusedAndTheSlotKeepsItsEffect)
-{
+    // Unknown types are refused, and the slot keeps its effect.
     ASSERT_EQ(m_slot->LoadEffect(kEffectEcho), 1);
     for (int type : {14, -1, 0x8000}) {
         m_slot->ClearLog();
@@ -203,13 +169,9 @@ TEST_F(SlotTest, VocalMorpherLoadsWhereTheLibraryTakesItAndFailsCleanlyWhereNot)
         EXPECT_EQ(m_slot->LoadEffect(kEffectVocalMorpher), 1);
         EXPECT_EQ(Effect(), kEffectVocalMorpher);
         EXPECT_EQ(m_slot->SetVocalMorpherDefaults(), 1);
-        int phoneme = -1;
-        EXPECT_EQ(m_slot->GetVocalMorpherPhonemeb(&phoneme), 1);
-        EXPECT_EQ(phoneme, 10);
+        EXPECT_EQ(engine_test::Got(*m_slot, &EFX_EffectSlot::GetVocalMorpherPhonemeb), 10);
         EXPECT_EQ(m_slot->SetVocalMorpherRate(2.5f), 1);
-        float rate = 0;
-        EXPECT_EQ(m_slot->GetVocalMorpherRate(&rate), 1);
-        EXPECT_EQ(rate, 2.5f);
+        EXPECT_EQ(engine_test::Got(*m_slot, &EFX_EffectSlot::GetVocalMorpherRate), 2.5f);
     } else {
         EXPECT_EQ(m_slot->LoadEffect(kEffectVocalMorpher), 0);
         EXPECT_EQ(Log(), "Error loading effect type in EFX Effect object: alEffecti() failed");
@@ -220,13 +182,11 @@ TEST_F(SlotTest, VocalMorpherLoadsWhereTheLibraryTakesItAndFailsCleanlyWhereNot)
     }
 }
 
-TEST_F(SlotTest, SlotGainAndSendAutoAreSetAndReadWithTheirNames)
+TEST_F(SlotTest, SlotGainAndSendAutoAreSetAndReadWithTheirNamesAndFailedGetsNameTheProperty)
 {
     EXPECT_EQ(m_slot->SetGain(0.25f), 1);
     EXPECT_EQ(Log(), "AL_EFFECTSLOT_GAIN property set");
-    float gain = 0;
-    EXPECT_EQ(m_slot->GetGain(&gain), 1);
-    EXPECT_EQ(gain, 0.25f);
+    EXPECT_EQ(engine_test::Got(*m_slot, &EFX_EffectSlot::GetGain), 0.25f);
     EXPECT_EQ(Log(), "AL_EFFECTSLOT_GAIN property set");
 
     m_slot->ClearLog();
@@ -240,15 +200,11 @@ TEST_F(SlotTest, SlotGainAndSendAutoAreSetAndReadWithTheirNames)
     EXPECT_EQ(m_slot->SetAuxiliarySendAuto(2), 1);
     EXPECT_EQ(SendAutoInOpenAL(), 1);
     EXPECT_EQ(Log(), "AL_EFFECTSLOT_AUXILIARY_SEND_AUTO property setAL_EFFECTSLOT_AUXILIARY_SEND_AUTO property set");
-    int flag = -1;
-    EXPECT_EQ(m_slot->GetAuxiliarySendAuto(&flag), 1);
-    EXPECT_EQ(flag, 1);
-}
+    EXPECT_EQ(engine_test::Got(*m_slot, &EFX_EffectSlot::GetAuxiliarySendAuto), 1);
 
-// Without a current context every OpenAL call fails, which shows the get failures, and that the
-// set spells the send-auto name one way and the get another.
-TEST_F(SlotTest, FailedSlotGetsNameThePropertyAndWriteTheBoolAnyway)
-{
+    // Without a current context every OpenAL call fails, which shows the get failures, and that the
+    // set spells the send-auto name one way and the get another.
+    m_slot->ClearLog();
     ALCcontext* current = alcGetCurrentContext();
     alcMakeContextCurrent(nullptr);
     int flag = 7;
@@ -269,8 +225,7 @@ TEST(SlotEntryPoints, OperationsOfAnUnresolvedSlotNameTheMissingEntryPoint)
     FactoryPtr factory = StartFactory();
     UnresolvedSlot slot;
     int value = 0;
-    float number = 0;
-    float vector[3] = {};
+    float number = 0, vector[3] = {};
     const int results = slot.LoadEffect(kEffectChorus) + slot.GetEffect(&value) + slot.SetAuxiliarySendAuto(1)
         + slot.SetGain(1.0f) + slot.GetAuxiliarySendAuto(&value) + slot.GetGain(&number);
     EXPECT_EQ(results, 0);
@@ -326,9 +281,7 @@ TEST(SlotDeferred, DeferredSetsChangeTheEffectWithoutReattachingIt)
                  "AL_CHORUS_PHASE property set (deferred)"
                  "Error setting AL_EAXREVERB_REFLECTIONS_PAN in EFX Effect object: alEffectfv() failed");
     EXPECT_EQ(spy.attaches, 0);
-    float rate = 0;
-    EXPECT_EQ(slot.GetChorusRate(&rate), 1);
-    EXPECT_EQ(rate, 2.0f);
+    EXPECT_EQ(engine_test::Got(slot, &EFX_EffectSlot::GetChorusRate), 2.0f);
 
     // A slot made by the factory is not deferred: each set attaches the effect once.
     EFX_EffectSlot* normal = factory->CreateEffectSlot(0);

@@ -3,6 +3,8 @@
 // Helpers shared by the engine suites: a started factory, a resolver that hides one entry point,
 // scratch files, WAV files made by sox or crafted byte by byte, and a look at recorded sound.
 
+#include "engine/EFX_3DSource.h"
+#include "engine/EFX_EffectSlot.h"
 #include "engine/EFX_Factory.h"
 #include "engine/ProcAddress.h"
 #include "tests/engine/RiffBuilder.h"
@@ -11,6 +13,7 @@
 
 #include <unistd.h>
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -33,34 +36,80 @@ struct FactoryDeleter {
 };
 using FactoryPtr = std::unique_ptr<EFX_Factory, FactoryDeleter>;
 
-inline FactoryPtr StartFactory(std::uint32_t maxSends = 4)
+// A factory (made, or a new one) started on the default device, its log of the start kept.
+inline FactoryPtr StartFactoryKeepingLog(std::uint32_t maxSends, EFX_Factory* made = EFX_Factory::Create())
 {
     EFX_Factory::SelectDevice("");
-    FactoryPtr factory(EFX_Factory::Create());
+    FactoryPtr factory(made);
     EXPECT_EQ(factory->Initialize(0, maxSends), 1) << factory->GetLog();
+    return factory;
+}
+
+inline FactoryPtr StartFactory(std::uint32_t maxSends = 4)
+{
+    FactoryPtr factory = StartFactoryKeepingLog(maxSends);
     factory->ClearLog();
     return factory;
 }
+
+// What a getter of an engine object reads; the getter must succeed (else its log shows).
+template <typename Object, typename Class, typename T>
+T Got(Object& object, int (Class::*get)(T*))
+{
+    T value = static_cast<T>(-99);
+    EXPECT_EQ((object.*get)(&value), 1) << object.GetLog();
+    return value;
+}
+
+// The same for a getter of three floats.
+template <typename Object, typename Class>
+std::array<float, 3> Got3(Object& object, int (Class::*get)(float*))
+{
+    std::array<float, 3> vector{-99.0f, -99.0f, -99.0f};
+    EXPECT_EQ((object.*get)(vector.data()), 1) << object.GetLog();
+    return vector;
+}
+
+// A source object on AL names that the test made itself (a source, and a buffer if asked), so that
+// the test can look at the source with OpenAL's own calls, or delete it behind the object's back.
+class OwnSource : public EFX_3DSource {
+public:
+    explicit OwnSource(bool withBuffer = true)
+        : EFX_3DSource(Gen(alGenSources), withBuffer ? Gen(alGenBuffers) : 0, 0)
+    {
+    }
+    ALint Sourcei(ALenum token) const
+    {
+        ALint value = -1;
+        alGetSourcei(m_source, token, &value);
+        return value;
+    }
+    void DeleteALSource() { alDeleteSources(1, &m_source); }
+
+private:
+    static ALuint Gen(void(AL_APIENTRY* gen)(ALsizei, ALuint*))
+    {
+        ALuint name = 0;
+        gen(1, &name);
+        return name;
+    }
+};
 
 // While alive, the named entry point resolves to null and every other one to OpenAL's own.
 class HiddenEntryPoint {
 public:
     explicit HiddenEntryPoint(const char* name)
     {
-        Hidden() = name;
+        s_hidden = name;
         efx_proc::SetResolver(&Resolve);
     }
     ~HiddenEntryPoint() { efx_proc::SetResolver(nullptr); }
 
 private:
-    static const char*& Hidden()
-    {
-        static const char* name = nullptr;
-        return name;
-    }
+    inline static const char* s_hidden = nullptr;
     static void* Resolve(const char* name)
     {
-        return std::strcmp(name, Hidden()) == 0 ? nullptr : alGetProcAddress(name);
+        return std::strcmp(name, s_hidden) == 0 ? nullptr : alGetProcAddress(name);
     }
 };
 
@@ -72,13 +121,13 @@ class EffectSpy {
 public:
     EffectSpy()
     {
-        Self() = this;
+        s_self = this;
         efx_proc::SetResolver(&Resolve);
     }
     ~EffectSpy()
     {
         efx_proc::SetResolver(nullptr);
-        Self() = nullptr;
+        s_self = nullptr;
     }
 
     ALuint lastEffect = 0;
@@ -86,11 +135,7 @@ public:
     bool failGeneration = false;
 
 private:
-    static EffectSpy*& Self()
-    {
-        static EffectSpy* self = nullptr;
-        return self;
-    }
+    inline static EffectSpy* s_self = nullptr;
     static void* Resolve(const char* name)
     {
         if (std::strcmp(name, "alGenEffects") == 0)
@@ -102,17 +147,17 @@ private:
     static void AL_APIENTRY GenEffects(ALsizei count, ALuint* effects)
     {
         auto real = reinterpret_cast<LPALGENEFFECTS>(alGetProcAddress("alGenEffects"));
-        if (Self()->failGeneration) {
+        if (s_self->failGeneration) {
             real(-1, effects); // a negative count: OpenAL Soft reports AL_INVALID_VALUE
             return;
         }
         real(count, effects);
-        Self()->lastEffect = effects[0];
+        s_self->lastEffect = effects[0];
     }
     static void AL_APIENTRY AuxiliaryEffectSloti(ALuint slot, ALenum param, ALint value)
     {
         if (param == AL_EFFECTSLOT_EFFECT)
-            ++Self()->attaches;
+            ++s_self->attaches;
         reinterpret_cast<LPALAUXILIARYEFFECTSLOTI>(alGetProcAddress("alAuxiliaryEffectSloti"))(slot, param, value);
     }
 };
@@ -167,5 +212,23 @@ inline void WriteFile(const std::string& path, const std::vector<unsigned char>&
     std::ofstream out(path, std::ios::binary);
     out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
+
+// A started factory with slot Index made and its log cleared; the spy, made first, sees its effects.
+template <std::uint32_t Index>
+class SlotFixture : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_factory = StartFactory();
+        m_slot = m_factory->CreateEffectSlot(Index);
+        ASSERT_NE(m_slot, nullptr) << m_factory->GetLog();
+        m_slot->ClearLog();
+    }
+    std::string Log() const { return m_slot->GetLog(); }
+
+    EffectSpy m_spy;
+    FactoryPtr m_factory;
+    EFX_EffectSlot* m_slot = nullptr;
+};
 
 } // namespace engine_test

@@ -1,55 +1,24 @@
 #include "engine/EFX_Context.h"
 #include "engine/EFX_Factory.h"
-#include "engine/ProcAddress.h"
 #include "tests/LibraryPremises.h"
+
+#include "EngineTestSupport.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <memory>
 #include <string>
 
-namespace {
+using engine_test::FactoryPtr;
+using engine_test::StartFactoryKeepingLog;
 
-struct FactoryDeleter {
-    void operator()(EFX_Factory* factory) const
-    {
-        factory->Shutdown();
-        delete factory;
-    }
-};
-using FactoryPtr = std::unique_ptr<EFX_Factory, FactoryDeleter>;
+namespace {
 
 // Runs what the destructor runs, on a factory that stays alive to have its log read.
 class InspectedFactory : public EFX_Factory {
 public:
     using EFX_Factory::ReleaseRemainingObjects;
 };
-
-FactoryPtr StartFactory(std::uint32_t maxSends, EFX_Factory* made = EFX_Factory::Create())
-{
-    EFX_Factory::SelectDevice("");
-    FactoryPtr factory(made);
-    EXPECT_EQ(factory->Initialize(0, maxSends), 1) << factory->GetLog();
-    return factory;
-}
-
-int ListLength(const DeviceInfo* list)
-{
-    int count = 0;
-    for (; list; list = list->next)
-        ++count;
-    return count;
-}
-
-const char* g_missingEntryPoint = nullptr;
-
-void* ResolveAllBut(const char* name)
-{
-    if (std::strcmp(name, g_missingEntryPoint) == 0)
-        return nullptr;
-    return alGetProcAddress(name);
-}
 
 } // namespace
 
@@ -68,9 +37,9 @@ TEST(FactoryDevices, ProbeFindsTheNullDeviceWithEFXAndRealSources)
     EFX_Factory::FreeDeviceList();
 }
 
-TEST(FactoryStart, InitializeOpensTheDeviceGeneratesFourSlotsAndLogsSuccess)
+TEST(FactoryStart, InitializeOpensTheDeviceGeneratesFourSlotsAndShutdownReleasesTheContext)
 {
-    FactoryPtr factory = StartFactory(4);
+    FactoryPtr factory = StartFactoryKeepingLog(4);
     EXPECT_STREQ(factory->GetLog(), "Initializing EFX_Factory:  successful");
     EXPECT_EQ(factory->GetNumEffectSlots(), 4u);
     EXPECT_EQ(EFX_Factory::GetMaxSends(), 4u);
@@ -83,108 +52,85 @@ TEST(FactoryStart, InitializeOpensTheDeviceGeneratesFourSlotsAndLogsSuccess)
     EXPECT_FLOAT_EQ(orientation[2], -1.0f);
     EXPECT_FLOAT_EQ(orientation[4], 1.0f);
     EXPECT_EQ(alGetInteger(AL_DISTANCE_MODEL), AL_INVERSE_DISTANCE_CLAMPED);
-}
 
-TEST(FactoryStart, UnknownDeviceFailsWithTwoBlanksBetweenTheMessages)
-{
-    EFX_Factory::SelectDevice("No Such Device");
-    FactoryPtr factory(EFX_Factory::Create());
-    EXPECT_EQ(factory->Initialize(0, 2), 0);
-    EXPECT_STREQ(factory->GetLog(), "Initializing EFX_Factory:  failed opening device");
-    EFX_Factory::SelectDevice("");
-}
+    // Slot indices are unsigned and bounded by four.
+    EXPECT_EQ(factory->GetEffectSlot(static_cast<std::uint32_t>(-1)), nullptr);
+    EXPECT_EQ(factory->GetEffectSlot(4), nullptr);
+    EXPECT_EQ(EFX_Factory::GetEffectSlotId(static_cast<std::uint32_t>(-1)), 0u);
+    EXPECT_EQ(EFX_Factory::GetEffectSlotId(4), 0u);
 
-TEST(FactoryStart, MissingEntryPointIsReportedByNameAndStopsTheStart)
-{
-    for (const char* name : {"alGenAuxiliaryEffectSlots", "alIsAuxiliaryEffectSlot"}) {
-        g_missingEntryPoint = name;
-        efx_proc::SetResolver(&ResolveAllBut);
-        FactoryPtr factory(EFX_Factory::Create());
-        EXPECT_EQ(factory->Initialize(0, 2), 0);
-        efx_proc::SetResolver(nullptr);
-        EXPECT_EQ(std::string(factory->GetLog()),
-                  std::string("Initializing EFX_Factory: EFX extension: ") + name + " is unavailable..\n");
-    }
-}
-
-TEST(FactoryStart, ShutdownReleasesTheContextAndLogsIt)
-{
-    FactoryPtr factory = StartFactory(2);
     factory->ClearLog();
     EXPECT_EQ(factory->Shutdown(), 1);
     EXPECT_STREQ(factory->GetLog(), "Released OpenAL Context.");
     EXPECT_EQ(alcGetCurrentContext(), nullptr);
 }
 
-TEST(FactoryStart, SuspendAndProcessReplaceTheLog)
+// An unknown device fails the start, with two blanks between the messages; so does a name over
+// 255 characters, stored cut.
+TEST(FactoryStart, UnknownDeviceFailsWithTwoBlanksBetweenTheMessages)
 {
-    FactoryPtr factory = StartFactory(2);
+    for (const std::string& name : {std::string("No Such Device"), std::string(300, 'd')}) {
+        SCOPED_TRACE(name.size());
+        EFX_Factory::SelectDevice(name.c_str());
+        FactoryPtr factory(EFX_Factory::Create());
+        EXPECT_EQ(factory->Initialize(0, 2), 0);
+        EXPECT_STREQ(factory->GetLog(), "Initializing EFX_Factory:  failed opening device");
+    }
+    EFX_Factory::SelectDevice("");
+}
+
+TEST(FactoryStart, MissingEntryPointIsReportedByNameAndStopsTheStart)
+{
+    for (const char* name : {"alGenAuxiliaryEffectSlots", "alIsAuxiliaryEffectSlot"}) {
+        FactoryPtr factory(EFX_Factory::Create());
+        {
+            engine_test::HiddenEntryPoint hidden(name);
+            EXPECT_EQ(factory->Initialize(0, 2), 0);
+        }
+        EXPECT_EQ(std::string(factory->GetLog()),
+                  std::string("Initializing EFX_Factory: EFX extension: ") + name + " is unavailable..\n");
+    }
+}
+
+TEST(FactoryStart, SuspendAndProcessReplaceTheLogAndFailWithoutAContext)
+{
+    FactoryPtr factory = StartFactoryKeepingLog(2);
     EXPECT_EQ(factory->SuspendContext(), 1);
     EXPECT_STREQ(factory->GetLog(), "OpenAL Context suspended");
     EXPECT_EQ(factory->ProcessContext(), 1);
     EXPECT_STREQ(factory->GetLog(), "Processing OpenAL Context");
     EXPECT_EQ(factory->QueryContextState(), 0);
+
+    std::unique_ptr<EFX_Factory> closed(EFX_Factory::Create());
+    EXPECT_EQ(closed->SuspendContext(), 0);
+    EXPECT_STREQ(closed->GetLog(), "Failed to suspend OpenAL Context: no valid context");
+    EXPECT_EQ(closed->ProcessContext(), 0);
+    EXPECT_STREQ(closed->GetLog(), "Failed to process OpenAL Context: no valid context");
 }
 
-TEST(FactoryStart, SuspendAndProcessWithoutContextFail)
+// Run with sends=2, slots=3 and sources=64 (see CMakeLists.txt): the probe counts the sources the
+// device really gives, and the granted sends replace the request; fewer slots are no failure.
+TEST(ConfLimitedDevice, TheProbeAndTheStartFollowWhatTheDeviceGrants)
 {
-    std::unique_ptr<EFX_Factory> factory(EFX_Factory::Create());
-    EXPECT_EQ(factory->SuspendContext(), 0);
-    EXPECT_STREQ(factory->GetLog(), "Failed to suspend OpenAL Context: no valid context");
-    EXPECT_EQ(factory->ProcessContext(), 0);
-    EXPECT_STREQ(factory->GetLog(), "Failed to process OpenAL Context: no valid context");
-}
+    DeviceInfo* list = nullptr;
+    ASSERT_EQ(EFX_Factory::EnumerateDevices(&list), 1);
+    ASSERT_NE(list, nullptr);
+    ASSERT_EQ(list->next, nullptr); // one device
+    EXPECT_EQ(list->maxSources, 64);
+    EFX_Factory::FreeDeviceList();
 
-TEST(FactoryStart, SlotIndicesAreUnsignedAndBoundedByFour)
-{
-    FactoryPtr factory = StartFactory(2);
-    EXPECT_EQ(factory->GetEffectSlot(static_cast<std::uint32_t>(-1)), nullptr);
-    EXPECT_EQ(factory->GetEffectSlot(4), nullptr);
-    EXPECT_EQ(EFX_Factory::GetEffectSlotId(static_cast<std::uint32_t>(-1)), 0u);
-    EXPECT_EQ(EFX_Factory::GetEffectSlotId(4), 0u);
-}
-
-TEST(FactoryStart, SelectedDeviceNameIsCutAt255Characters)
-{
-    // An over-long name is stored cut, and the start then fails on that (unknown) name.
-    EFX_Factory::SelectDevice(std::string(300, 'd').c_str());
-    FactoryPtr factory(EFX_Factory::Create());
-    EXPECT_EQ(factory->Initialize(0, 2), 0);
-    EFX_Factory::SelectDevice("");
-}
-
-TEST(FactoryStart, DestroyingWithNothingAliveLeavesNoWarning)
-{
-    FactoryPtr factory = StartFactory(2);
-    factory->ClearLog();
-    factory->Shutdown();
-    EXPECT_STREQ(factory->GetLog(), "Released OpenAL Context.");
-}
-
-// Run with sends=2, slots=3 and sources=64 (see CMakeLists.txt).
-TEST(ConfLimitedDevice, GrantedSendsReplaceTheRequestAndFewerSlotsAreNoFailure)
-{
     if (const auto why = library_premises::SlotLimitIgnored(3))
         GTEST_SKIP() << *why;
-    FactoryPtr factory = StartFactory(4);
+    FactoryPtr factory = StartFactoryKeepingLog(4);
     EXPECT_EQ(EFX_Factory::GetMaxSends(), 2u);
     EXPECT_EQ(factory->GetNumEffectSlots(), 3u);
     EXPECT_EQ(factory->CreateEffectSlot(3), nullptr);
     EXPECT_STREQ(factory->GetLog(), "Initializing EFX_Factory:  successful");
 }
 
-TEST(ConfLimitedDevice, ProbeCountsTheSourcesTheDeviceReallyGives)
+TEST(FactoryLifetime, DestructorWarnsOfAndReleasesWhatIsStillAliveButNotAContextItsUserReleased)
 {
-    DeviceInfo* list = nullptr;
-    ASSERT_EQ(EFX_Factory::EnumerateDevices(&list), 1);
-    ASSERT_EQ(ListLength(list), 1);
-    EXPECT_EQ(list->maxSources, 64);
-    EFX_Factory::FreeDeviceList();
-}
-
-TEST(FactoryLifetime, DestructorWarnsOfAndReleasesWhatIsStillAlive)
-{
-    FactoryPtr factory = StartFactory(2, new InspectedFactory());
+    FactoryPtr factory = StartFactoryKeepingLog(2, new InspectedFactory());
     ASSERT_NE(factory->CreateContext(), nullptr);
     ASSERT_NE(factory->CreateEffectSlot(0), nullptr);
     ASSERT_NE(factory->CreateEffectSlot(2), nullptr);
@@ -203,18 +149,16 @@ TEST(FactoryLifetime, DestructorWarnsOfAndReleasesWhatIsStillAlive)
     factory->ClearLog();
     static_cast<InspectedFactory*>(factory.get())->ReleaseRemainingObjects();
     EXPECT_STREQ(factory->GetLog(), "");
-}
 
-TEST(FactoryLifetime, ContextDeletedByItsUserCausesNoWarning)
-{
-    FactoryPtr factory = StartFactory(2, new InspectedFactory());
-    EFX_Context* context = factory->CreateContext();
+    // A context released by its user is not warned of.
+    factory.reset();
+    FactoryPtr second = StartFactoryKeepingLog(2, new InspectedFactory());
+    EFX_Context* context = second->CreateContext();
     ASSERT_NE(context, nullptr);
-    EXPECT_EQ(factory->CreateContext(), context);
+    EXPECT_EQ(second->CreateContext(), context);
     EFX_Base::SafeRelease(context);
-
-    factory->Shutdown();
-    factory->ClearLog();
-    static_cast<InspectedFactory*>(factory.get())->ReleaseRemainingObjects();
-    EXPECT_STREQ(factory->GetLog(), "");
+    second->Shutdown();
+    second->ClearLog();
+    static_cast<InspectedFactory*>(second.get())->ReleaseRemainingObjects();
+    EXPECT_STREQ(second->GetLog(), "");
 }

@@ -10,12 +10,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <vector>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <memory>
 #include <string>
 
 namespace {
@@ -27,9 +24,7 @@ class RenderTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        EFX_Factory::SelectDevice("");
-        factory.reset(EFX_Factory::Create());
-        ASSERT_EQ(factory->Initialize(0, 4), 1) << factory->GetLog();
+        factory = engine_test::StartFactory(4);
         slot = factory->CreateEffectSlot(0);
         ASSERT_NE(slot, nullptr);
     }
@@ -37,16 +32,14 @@ protected:
     {
         for (EFX_3DSource* source : sources)
             source->Release();
-        factory->Shutdown();
     }
 
     // A 1 kHz sine of the given length made by sox, as a source routed by send 0 into slot 0.
     EFX_3DSource* AddTone(double seconds, float directGain)
     {
         const std::string path = scratch.File("tone.wav");
-        const std::string command = "sox -n -r 44100 -c 1 -b 16 '" + path + "' synth " + std::to_string(seconds) +
-                                    " sine 1000 gain -6";
-        EXPECT_EQ(std::system(command.c_str()), 0) << command;
+        const std::string effects = "synth " + std::to_string(seconds) + " sine 1000 gain -6";
+        EXPECT_TRUE(engine_test::Sox("-r 44100 -c 1 -b 16", path, effects)) << effects;
         return AddSource(path, directGain);
     }
     EFX_3DSource* AddSource(const std::string& path, float directGain)
@@ -61,7 +54,7 @@ protected:
     SceneSnapshot Scene() { return CaptureScene(*factory, sources); }
 
     engine_test::ScratchDir scratch;
-    std::unique_ptr<EFX_Factory> factory;
+    engine_test::FactoryPtr factory;
     EFX_EffectSlot* slot = nullptr;
     std::vector<EFX_3DSource*> sources;
 };
@@ -124,15 +117,13 @@ TEST_F(RenderTest, TheMeasuredDecayOfAReverbFollowsItsDecayTime)
 {
     ASSERT_EQ(slot->LoadEffect(kEffectEAXReverb), 1);
     const std::string impulse = scratch.File("impulse.wav");
-    // One full-scale sample, then silence: an impulse.
-    {
-        constexpr std::size_t kSamples = 256;
-        std::vector<unsigned char> bytes = engine_test::SmallWave(1, kSamples, kRate);
-        std::fill(bytes.end() - 2 * kSamples, bytes.end(), 0);
-        bytes[bytes.size() - 2 * kSamples] = 0xFF;
-        bytes[bytes.size() - 2 * kSamples + 1] = 0x7F;
-        engine_test::WriteFile(impulse, bytes);
-    }
+    // One full-scale sample, then silence: an impulse of 256 samples.
+    std::vector<unsigned char> samples(2 * 256, 0);
+    samples[0] = 0xFF;
+    samples[1] = 0x7F;
+    using engine_test::RiffBuilder;
+    const auto format = RiffBuilder::PCMFormat(1, kRate, 16);
+    engine_test::WriteFile(impulse, RiffBuilder().Chunk("fmt ", format).Chunk("data", samples).Build());
     AddSource(impulse, 0.0f);
     for (const float decay : {0.5f, 1.49f, 5.0f}) {
         ASSERT_EQ(slot->SetEAXReverbDecayTime(decay), 1);

@@ -35,12 +35,6 @@ public:
         return *this;
     }
 
-    RiffBuilder& Raw(const std::vector<unsigned char>& bytes)
-    {
-        m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end());
-        return *this;
-    }
-
     std::vector<unsigned char> Build() const
     {
         std::vector<unsigned char> bytes = m_bytes;

@@ -9,30 +9,11 @@
 #include <string>
 
 using engine_test::FactoryPtr;
+using engine_test::OwnSource;
 using engine_test::ScratchDir;
 using engine_test::StartFactory;
 
 namespace {
-
-// A source object on its own AL source, with no buffer.
-class BareSource : public EFX_3DSource {
-public:
-    BareSource()
-        : EFX_3DSource(GenSource(), 0, 0)
-    {
-    }
-    void DeleteALSource() { alDeleteSources(1, &m_source); }
-    ALuint SendFilter(int send) const { return m_sendFilter[send]; }
-    int SendSlot(int send) const { return m_sendSlot[send]; }
-
-private:
-    static ALuint GenSource()
-    {
-        ALuint name = 0;
-        alGenSources(1, &name);
-        return name;
-    }
-};
 
 class SendsTest : public ::testing::Test {
 protected:
@@ -40,7 +21,7 @@ protected:
     {
         m_factory = StartFactory(4);
         ASSERT_EQ(EFX_Factory::GetMaxSends(), 4u);
-        m_source = std::make_unique<BareSource>();
+        m_source = std::make_unique<OwnSource>(false);
         ASSERT_EQ(m_source->Initialize(), 1) << m_source->GetLog();
         m_source->ClearLog();
     }
@@ -48,14 +29,13 @@ protected:
 
     std::pair<float, float> Gains(int send)
     {
-        float gain = -1;
-        float gainHF = -1;
+        float gain = -1, gainHF = -1;
         EXPECT_EQ(m_source->GetAuxSendFilterGains(send, &gain, &gainHF), 1) << Log();
         return {gain, gainHF};
     }
 
     FactoryPtr m_factory;
-    std::unique_ptr<BareSource> m_source; // made once the context is current
+    std::unique_ptr<OwnSource> m_source; // made once the context is current
 };
 
 } // namespace
@@ -80,23 +60,18 @@ TEST(SourceFilterEntryPoints, AMissingFilterEntryPointFailsTheSourceWithItsLine)
 
 TEST_F(SendsTest, DirectFilterStartsOpenAndTakesGains)
 {
-    float gain = 0;
-    EXPECT_EQ(m_source->GetDirectFilterGain(&gain), 1);
-    EXPECT_EQ(gain, 1.0f);
-    EXPECT_EQ(m_source->GetDirectFilterGainHF(&gain), 1);
-    EXPECT_EQ(gain, 1.0f);
+    using engine_test::Got;
+    EXPECT_EQ(Got(*m_source, &EFX_3DSource::GetDirectFilterGain), 1.0f);
+    EXPECT_EQ(Got(*m_source, &EFX_3DSource::GetDirectFilterGainHF), 1.0f);
 
     EXPECT_EQ(m_source->SetDirectFilterGain(0.5f), 1);
     EXPECT_EQ(m_source->SetDirectFilterGainHF(0.0f), 1);
     EXPECT_EQ(Log(), "Source Direct filter AL_LOWPASS_GAIN property setSource Direct filter AL_LOWPASS_GAINHF property set");
-    EXPECT_EQ(m_source->GetDirectFilterGain(&gain), 1);
-    EXPECT_EQ(gain, 0.5f);
-    EXPECT_EQ(m_source->GetDirectFilterGainHF(&gain), 1);
-    EXPECT_EQ(gain, 0.0f);
+    EXPECT_EQ(Got(*m_source, &EFX_3DSource::GetDirectFilterGain), 0.5f);
+    EXPECT_EQ(Got(*m_source, &EFX_3DSource::GetDirectFilterGainHF), 0.0f);
 
     m_source->ClearLog();
-    EXPECT_EQ(m_source->SetDirectFilterGain(-1.0f), 0);
-    EXPECT_EQ(m_source->SetDirectFilterGainHF(-1.0f), 0);
+    EXPECT_EQ(m_source->SetDirectFilterGain(-1.0f) + m_source->SetDirectFilterGainHF(-1.0f), 0);
     EXPECT_EQ(Log(),
               "Error setting source direct filter AL_LOWPASS_GAIN: alFilterf() failed"
               "Error setting source direct filter AL_LOWPASS_GAINHF: alFilterf() failed");
@@ -104,16 +79,25 @@ TEST_F(SendsTest, DirectFilterStartsOpenAndTakesGains)
     // The filter lives on when the source is gone, but attaching it fails.
     m_source->ClearLog();
     m_source->DeleteALSource();
-    EXPECT_EQ(m_source->SetDirectFilterGain(0.25f), 0);
-    EXPECT_EQ(m_source->SetDirectFilterGainHF(0.25f), 0);
+    EXPECT_EQ(m_source->SetDirectFilterGain(0.25f) + m_source->SetDirectFilterGainHF(0.25f), 0);
     EXPECT_EQ(Log(),
               "Error attaching Direct filter to source when setting AL_LOWPASS_GAIN"
               "Error attaching Direct filter to source when setting AL_LOWPASS_GAINHF");
 }
 
-TEST_F(SendsTest, WithoutADirectFilterItsOperationsSaySo)
+TEST_F(SendsTest, DirectFilterCreationCountsAnOlderErrorAgainstItselfAndWithoutOneItsOperationsSaySo)
 {
-    BareSource source; // never initialised: no direct filter
+    alSourcef(0, AL_GAIN, 1.0f); // leaves AL_INVALID_NAME behind
+    EXPECT_EQ(m_source->CreateDirectFilter(), 0);
+    EXPECT_EQ(Log(), "Error generating Direct filter for source");
+    m_source->ClearLog();
+    EXPECT_EQ(m_source->CreateDirectFilter(), 1);
+    EXPECT_EQ(Log(), "");
+    m_source->DeleteALSource();
+    EXPECT_EQ(m_source->CreateDirectFilter(), 0);
+    EXPECT_EQ(Log(), "Error attaching Direct filter to source");
+
+    OwnSource source(false); // never initialised: no direct filter
     float gain = 7;
     const int results = source.SetDirectFilterGain(1) + source.SetDirectFilterGainHF(1)
         + source.GetDirectFilterGain(&gain) + source.GetDirectFilterGainHF(&gain);
@@ -126,29 +110,16 @@ TEST_F(SendsTest, WithoutADirectFilterItsOperationsSaySo)
     EXPECT_EQ(gain, 7.0f);
 }
 
-TEST_F(SendsTest, DirectFilterCreationCountsAnOlderErrorAgainstItself)
-{
-    alSourcef(0, AL_GAIN, 1.0f); // leaves AL_INVALID_NAME behind
-    EXPECT_EQ(m_source->CreateDirectFilter(), 0);
-    EXPECT_EQ(Log(), "Error generating Direct filter for source");
-    m_source->ClearLog();
-    EXPECT_EQ(m_source->CreateDirectFilter(), 1);
-    EXPECT_EQ(Log(), "");
-    m_source->DeleteALSource();
-    EXPECT_EQ(m_source->CreateDirectFilter(), 0);
-    EXPECT_EQ(Log(), "Error attaching Direct filter to source");
-}
-
 // absent -> feeding -> disconnected -> feeding another slot -> absent, with the filter's gains
 // kept across the moves.
 TEST_F(SendsTest, SendWalksThroughItsThreeStates)
 {
-    EXPECT_EQ(m_source->SendFilter(0), 0u);
+    EXPECT_EQ(m_source->SendFilterObject(0), 0u);
     EXPECT_EQ(m_source->SendSlot(0), -1);
 
     ASSERT_EQ(m_source->CreateAuxSendFilter(0, 0), 1);
     EXPECT_EQ(Log(), "Source low-pass aux send filter 0 created (feeding slot 0)");
-    EXPECT_NE(m_source->SendFilter(0), 0u);
+    EXPECT_NE(m_source->SendFilterObject(0), 0u);
     EXPECT_EQ(m_source->SendSlot(0), 0);
     EXPECT_EQ(Gains(0), std::make_pair(1.0f, 1.0f));
 
@@ -174,19 +145,18 @@ TEST_F(SendsTest, SendWalksThroughItsThreeStates)
     EXPECT_EQ(Gains(0), std::make_pair(0.75f, 0.25f));
 
     m_source->ClearLog();
-    const ALuint filter = m_source->SendFilter(0);
+    const ALuint filter = m_source->SendFilterObject(0);
     EXPECT_EQ(m_source->DeleteAuxSendFilter(0), 1);
     EXPECT_EQ(Log(), "Source aux send filter 0 now disabled (feeds AL_EFFECTSLOT_NULL)Source aux send filter 0 deleted");
-    EXPECT_EQ(m_source->SendFilter(0), 0u);
+    EXPECT_EQ(m_source->SendFilterObject(0), 0u);
     EXPECT_EQ(m_source->SendSlot(0), -1);
     auto isFilter = reinterpret_cast<LPALISFILTER>(alGetProcAddress("alIsFilter"));
     EXPECT_EQ(isFilter(filter), AL_FALSE);
 }
 
-TEST_F(SendsTest, AnAbsentSendHasNoFilterToWorkOn)
+TEST_F(SendsTest, AnAbsentSendHasNoFilterToWorkOnAndBadIndicesAreRefusedInSilence)
 {
-    float gain = 3;
-    float gainHF = 3;
+    float gain = 3, gainHF = 3;
     EXPECT_EQ(m_source->GetAuxSendFilterGains(1, &gain, &gainHF), 0);
     EXPECT_EQ(m_source->SetAuxSendFilterGain(1, 0.5f), 0);
     EXPECT_EQ(m_source->SetAuxSendFilterGainHF(1, 0.5f), 0);
@@ -202,6 +172,23 @@ TEST_F(SendsTest, AnAbsentSendHasNoFilterToWorkOn)
     EXPECT_EQ(m_source->DeleteAuxSendFilter(1), 1);
     EXPECT_EQ(Log(), "Source aux send filter 1 now disabled (feeds AL_EFFECTSLOT_NULL)Source aux send filter 1 deleted");
     EXPECT_EQ(m_source->SendSlot(1), -1);
+
+    m_source->ClearLog();
+    EXPECT_EQ(m_source->CreateAuxSendFilter(0, -1), 0);
+    EXPECT_EQ(m_source->CreateAuxSendFilter(0, 4), 0);
+    EXPECT_EQ(m_source->CreateAuxSendFilter(5, 0), 0);
+    EXPECT_EQ(m_source->CreateAuxSendFilter(-1, 0), 0);
+    // Four sends granted: send 4 passes the bound test but has no place in the arrays.
+    EXPECT_EQ(m_source->CreateAuxSendFilter(4, 0), 0);
+    EXPECT_EQ(m_source->SetAuxSendSlot(4, 0), 0);
+    EXPECT_EQ(m_source->SetAuxSendFilterGain(4, 0.5f), 0);
+    EXPECT_EQ(m_source->SetAuxSendFilterGainHF(4, 0.5f), 0);
+    EXPECT_EQ(m_source->GetAuxSendFilterGains(4, &gain, &gainHF), 0);
+    EXPECT_EQ(m_source->DeleteAuxSendFilter(4), 0);
+    EXPECT_EQ(m_source->SetAuxSendSlot(0, 4), 0);
+    EXPECT_EQ(m_source->GetAuxSendFilterGains(-1, &gain, &gainHF), 0);
+    EXPECT_EQ(Log(), "Error disabling the Aux Send filter prior to deleting the filter ");
+    EXPECT_EQ(m_source->SendSlot(0), -1);
 }
 
 TEST_F(SendsTest, RefusedSendGainsLogTheirTexts)
@@ -222,48 +209,25 @@ TEST_F(SendsTest, RefusedSendGainsLogTheirTexts)
     EXPECT_EQ(Log(), "Error attaching Aux Send filter to source ");
 }
 
-TEST_F(SendsTest, BadIndicesAreRefusedInSilence)
-{
-    float gain = 0;
-    float gainHF = 0;
-    EXPECT_EQ(m_source->CreateAuxSendFilter(0, -1), 0);
-    EXPECT_EQ(m_source->CreateAuxSendFilter(0, 4), 0);
-    EXPECT_EQ(m_source->CreateAuxSendFilter(5, 0), 0);
-    EXPECT_EQ(m_source->CreateAuxSendFilter(-1, 0), 0);
-    // Four sends granted: send 4 passes the bound test but has no place in the arrays.
-    EXPECT_EQ(m_source->CreateAuxSendFilter(4, 0), 0);
-    EXPECT_EQ(m_source->SetAuxSendSlot(4, 0), 0);
-    EXPECT_EQ(m_source->SetAuxSendFilterGain(4, 0.5f), 0);
-    EXPECT_EQ(m_source->SetAuxSendFilterGainHF(4, 0.5f), 0);
-    EXPECT_EQ(m_source->GetAuxSendFilterGains(4, &gain, &gainHF), 0);
-    EXPECT_EQ(m_source->DeleteAuxSendFilter(4), 0);
-    EXPECT_EQ(m_source->SetAuxSendSlot(0, 4), 0);
-    EXPECT_EQ(m_source->GetAuxSendFilterGains(-1, &gain, &gainHF), 0);
-    EXPECT_EQ(Log(), "Error disabling the Aux Send filter prior to deleting the filter ");
-    EXPECT_EQ(m_source->SendSlot(0), -1);
-}
-
-TEST_F(SendsTest, SlotNumbersBelowMinusOnePassAndFeedNoSlot)
-{
-    ASSERT_EQ(m_source->CreateAuxSendFilter(3, 1), 1);
-    m_source->ClearLog();
-    EXPECT_EQ(m_source->SetAuxSendSlot(3, -2), 1);
-    EXPECT_EQ(Log(), "Source aux send filter 3 now feeding slot -2");
-    EXPECT_EQ(m_source->SendSlot(3), -2);
-}
-
-TEST_F(SendsTest, CreatingASendAgainGivesItAFreshFilter)
+TEST_F(SendsTest, CreatingASendAgainGivesItAFreshFilterAndSlotsBelowMinusOneFeedNoSlot)
 {
     ASSERT_EQ(m_source->CreateAuxSendFilter(1, 0), 1);
     ASSERT_EQ(m_source->SetAuxSendFilterGain(1, 0.125f), 1);
-    const ALuint first = m_source->SendFilter(1);
+    const ALuint first = m_source->SendFilterObject(1);
     ASSERT_EQ(m_source->CreateAuxSendFilter(1, 2), 1);
-    EXPECT_NE(m_source->SendFilter(1), first);
+    EXPECT_NE(m_source->SendFilterObject(1), first);
     EXPECT_EQ(m_source->SendSlot(1), 2);
     EXPECT_EQ(Gains(1), std::make_pair(1.0f, 1.0f));
     // The first filter was overwritten, not deleted: it stays with the context.
     auto isFilter = reinterpret_cast<LPALISFILTER>(alGetProcAddress("alIsFilter"));
     EXPECT_EQ(isFilter(first), AL_TRUE);
+
+    ASSERT_EQ(m_source->CreateAuxSendFilter(3, 1), 1);
+    // Slot numbers below -1 pass, and feed no slot.
+    m_source->ClearLog();
+    EXPECT_EQ(m_source->SetAuxSendSlot(3, -2), 1);
+    EXPECT_EQ(Log(), "Source aux send filter 3 now feeding slot -2");
+    EXPECT_EQ(m_source->SendSlot(3), -2);
 }
 
 // OpenAL Soft configured with sends=2 and slots=3 (see CMakeLists.txt); skipped in the plain run.
@@ -277,12 +241,11 @@ TEST(ConfTwoSendsThreeSlots, BoundTestsFollowTheGrantedSends)
     ASSERT_EQ(EFX_Factory::GetMaxSends(), 2u);
     ASSERT_EQ(factory->GetNumEffectSlots(), 3u);
     EXPECT_EQ(EFX_Factory::GetEffectSlotId(3), 0u);
-    BareSource source;
+    OwnSource source(false);
     ASSERT_EQ(source.Initialize(), 1);
     source.ClearLog();
 
-    float gain = 0;
-    float gainHF = 0;
+    float gain = 0, gainHF = 0;
     EXPECT_EQ(source.GetAuxSendFilterGains(3, &gain, &gainHF), 0);
     EXPECT_STREQ(source.GetLog(), "");
     // A send equal to the maximum passes the test, and OpenAL then refuses it.

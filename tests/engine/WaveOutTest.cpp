@@ -10,18 +10,13 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <cmath>
-#include <cstdlib>
-#include <random>
+#include <functional>
 #include <string>
-#include <thread>
 #include <vector>
 
 using engine_test::FactoryPtr;
-using namespace wave_recording;
-using engine_test::RiffBuilder;
 using engine_test::StartFactory;
+using namespace wave_recording;
 
 namespace {
 
@@ -43,9 +38,18 @@ protected:
         ASSERT_NE(m_factory->GetNumEffectSlots(), 0u);
     }
 
-    // Closes the device, which completes the recording, and reads it.
-    Recording Finish()
+    // Plays the source (looped or once) for a while, makes the change if any and plays on as long,
+    // then closes the device, which completes the recording, and reads it.
+    Recording PlayAndRecord(EFX_3DSource* source, int loop, int milliseconds, const std::function<int()>& change = {})
     {
+        EXPECT_EQ(source->PlayLooped(loop), 1);
+        Wait(milliseconds);
+        if (change) {
+            EXPECT_EQ(change(), 1);
+            Wait(milliseconds);
+        }
+        source->Stop();
+        source->Release();
         m_factory.reset();
         return Recording(m_output);
     }
@@ -76,8 +80,7 @@ protected:
         return slot;
     }
 
-    std::string m_folder;
-    std::string m_output;
+    std::string m_folder, m_output;
     FactoryPtr m_factory;
 };
 
@@ -88,10 +91,7 @@ TEST_F(ConfWaveOut, AWavFilePlaysFromASource)
     Start();
     EFX_3DSource* source = Source("tone.wav", Sine(0.5, 440.0));
     ASSERT_NE(source, nullptr);
-    ASSERT_EQ(source->PlayLooped(0), 1);
-    Wait(900);
-    source->Release();
-    const Recording recording = Finish();
+    const Recording recording = PlayAndRecord(source, 0, 900);
 
     ASSERT_TRUE(recording.HasSound());
     EXPECT_GT(recording.Rms(0.05, 0.45), 0.1);
@@ -105,13 +105,7 @@ TEST_F(ConfWaveOut, DirectGainHFOfZeroTakesTheHighFrequenciesAway)
     Start();
     EFX_3DSource* source = Source("noise.wav", WhiteNoise(0.5));
     ASSERT_NE(source, nullptr);
-    ASSERT_EQ(source->PlayLooped(1), 1);
-    Wait(600);
-    ASSERT_EQ(source->SetDirectFilterGainHF(0.0f), 1);
-    Wait(600);
-    source->Stop();
-    source->Release();
-    const Recording recording = Finish();
+    const Recording recording = PlayAndRecord(source, 1, 600, [&] { return source->SetDirectFilterGainHF(0.0f); });
 
     ASSERT_TRUE(recording.HasSound());
     const double open = recording.HighFrequencyShare(0.1, 0.5);
@@ -138,10 +132,7 @@ TEST_F(ConfWaveOut, ASendIntoAnEchoAddsADelayedCopyAfterTheDrySound)
             ASSERT_EQ(slot->SetEchoFeedback(0.0f), 1);
             ASSERT_EQ(slot->SetEchoDamping(0.0f), 1);
         }
-        ASSERT_EQ(source->PlayLooped(0), 1);
-        Wait(800);
-        source->Release();
-        const Recording recording = Finish();
+        const Recording recording = PlayAndRecord(source, 0, 800);
 
         ASSERT_TRUE(recording.HasSound());
         const double dry = recording.Rms(0.0, 0.08);
@@ -167,13 +158,7 @@ TEST_F(ConfWaveOut, ChangingAnEffectPropertyWhilePlayingChangesWhatIsHeard)
     ASSERT_EQ(slot->SetFrequencyShifterLeftDirection(1), 1);
     ASSERT_EQ(slot->SetFrequencyShifterRightDirection(1), 1);
     ASSERT_EQ(slot->SetFrequencyShifterFrequency(0.0f), 1);
-    ASSERT_EQ(source->PlayLooped(1), 1);
-    Wait(600);
-    ASSERT_EQ(slot->SetFrequencyShifterFrequency(500.0f), 1);
-    Wait(600);
-    source->Stop();
-    source->Release();
-    const Recording recording = Finish();
+    const Recording recording = PlayAndRecord(source, 1, 600, [&] { return slot->SetFrequencyShifterFrequency(500.0f); });
 
     ASSERT_TRUE(recording.HasSound());
     EXPECT_NEAR(recording.ToneFrequency(0.1, 0.5), 1000.0, 30.0);

@@ -104,7 +104,6 @@ public:
     }
 
     bool HasSound() const { return m_onset != kNone; }
-    double Seconds() const { return m_rate ? static_cast<double>(m_samples.size()) / m_rate : 0.0; }
 
     double Rms(double from, double to) const
     {

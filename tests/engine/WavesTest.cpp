@@ -33,10 +33,7 @@ ALenum RefusingResolver(const ALchar*)
     return 0;
 }
 
-struct Loaded {
-    int code = 0;
-    int id = -1;
-};
+struct Loaded { int code = 0; int id = -1; };
 
 class WavesTest : public ::testing::Test {
 protected:
@@ -70,82 +67,63 @@ protected:
         return g_askedNames.size() == 1 ? g_askedNames[0] : "?";
     }
 
-    std::uint32_t Size(int id)
+    // What a getter of the reader gives for id; the getter must succeed.
+    template <typename T>
+    T Get(int (CWaves::*get)(int, T*), int id)
     {
-        std::uint32_t size = 0;
-        EXPECT_EQ(m_waves.GetWaveSize(id, &size), CWaves::kOK);
-        return size;
+        T value = 0;
+        EXPECT_EQ((m_waves.*get)(id, &value), CWaves::kOK);
+        return value;
     }
-
-    std::int32_t Type(int id)
-    {
-        std::int32_t type = -1;
-        EXPECT_EQ(m_waves.GetWaveType(id, &type), CWaves::kOK);
-        return type;
-    }
+    std::uint32_t Size(int id) { return Get(&CWaves::GetWaveSize, id); }
+    std::int32_t Type(int id) { return Get(&CWaves::GetWaveType, id); }
 
     CWaves m_waves;
     ScratchDir m_dir;
     int m_count = 0;
 };
 
-struct SoxCase {
-    const char* arguments;
-    std::int32_t type;
-    std::uint32_t bytesPerFrame;
-    const char* formatName;     // "" when no format fits
-};
+// Sox's arguments, and the reader's type, bytes a frame and format name ("" when no format fits).
+struct SoxCase { const char* arguments; std::int32_t type; std::uint32_t bytesPerFrame; const char* formatName; };
 
 } // namespace
 
 // Files from another writer: sox picks plain PCM or the extensible layout, its channel masks and
 // extra chunks ("fact") itself. 24- and 32-bit data get the 8-bit names; the table says so.
-TEST_F(WavesTest, SoxFilesOfEveryLayoutGetTheFormatOfTheTable)
+TEST_F(WavesTest, SoxFilesOfEveryLayoutGetTheFormatOfTheTableAndALawIsRefused)
 {
     if (!engine_test::HaveSox())
         GTEST_SKIP() << "sox is not installed";
+    using W = CWaves;
+    // sox gives 7 channels no mask; the sample rate is 22050 throughout.
     const SoxCase cases[] = {
-        {"-r 22050 -b 16 -c 1", CWaves::kTypePCM, 2, "AL_FORMAT_MONO16"},
-        {"-r 22050 -b 8 -c 1", CWaves::kTypePCM, 1, "AL_FORMAT_MONO8"},
-        {"-r 22050 -b 16 -c 2", CWaves::kTypePCM, 4, "AL_FORMAT_STEREO16"},
-        {"-r 22050 -b 8 -c 2", CWaves::kTypePCM, 2, "AL_FORMAT_STEREO8"},
-        {"-t wavpcm -r 22050 -b 16 -c 4", CWaves::kTypePCM, 8, "AL_FORMAT_QUAD16"},
-        {"-t wavpcm -r 22050 -b 16 -c 5", CWaves::kTypePCM, 10, ""},
-        {"-t wavpcm -r 22050 -b 8 -c 4", CWaves::kTypePCM, 4, ""},
-        {"-r 22050 -b 24 -c 1", CWaves::kTypeExtensible, 3, "AL_FORMAT_MONO8"},
-        {"-r 22050 -b 32 -c 1", CWaves::kTypeExtensible, 4, "AL_FORMAT_MONO8"},
-        {"-r 22050 -b 24 -c 2", CWaves::kTypeExtensible, 6, "AL_FORMAT_STEREO8"},
-        {"-r 22050 -b 16 -c 3", CWaves::kTypeExtensible, 6, ""},
-        {"-r 22050 -b 16 -c 4", CWaves::kTypeExtensible, 8, "AL_FORMAT_QUAD16"},
-        {"-r 22050 -b 16 -c 6", CWaves::kTypeExtensible, 12, "AL_FORMAT_51CHN16"},
-        {"-r 22050 -b 16 -c 7", CWaves::kTypeExtensible, 14, ""},   // sox gives 7 channels no mask
-        {"-r 22050 -b 16 -c 8", CWaves::kTypeExtensible, 16, "AL_FORMAT_71CHN16"},
-        {"-r 22050 -b 24 -c 8", CWaves::kTypeExtensible, 24, ""},
+        {"-b 16 -c 1", W::kTypePCM, 2, "AL_FORMAT_MONO16"}, {"-b 8 -c 1", W::kTypePCM, 1, "AL_FORMAT_MONO8"},
+        {"-b 16 -c 2", W::kTypePCM, 4, "AL_FORMAT_STEREO16"}, {"-b 8 -c 2", W::kTypePCM, 2, "AL_FORMAT_STEREO8"},
+        {"-t wavpcm -b 16 -c 4", W::kTypePCM, 8, "AL_FORMAT_QUAD16"}, {"-t wavpcm -b 16 -c 5", W::kTypePCM, 10, ""},
+        {"-t wavpcm -b 8 -c 4", W::kTypePCM, 4, ""}, {"-b 24 -c 1", W::kTypeExtensible, 3, "AL_FORMAT_MONO8"},
+        {"-b 32 -c 1", W::kTypeExtensible, 4, "AL_FORMAT_MONO8"},
+        {"-b 24 -c 2", W::kTypeExtensible, 6, "AL_FORMAT_STEREO8"}, {"-b 16 -c 3", W::kTypeExtensible, 6, ""},
+        {"-b 16 -c 4", W::kTypeExtensible, 8, "AL_FORMAT_QUAD16"},
+        {"-b 16 -c 6", W::kTypeExtensible, 12, "AL_FORMAT_51CHN16"}, {"-b 16 -c 7", W::kTypeExtensible, 14, ""},
+        {"-b 16 -c 8", W::kTypeExtensible, 16, "AL_FORMAT_71CHN16"}, {"-b 24 -c 8", W::kTypeExtensible, 24, ""},
     };
     for (const SoxCase& c : cases) {
         SCOPED_TRACE(c.arguments);
         const std::string path = m_dir.File("sox.wav");
-        ASSERT_TRUE(engine_test::Sox(c.arguments, path, "synth 0.1 sine 440"));
+        ASSERT_TRUE(engine_test::Sox(std::string("-r 22050 ") + c.arguments, path, "synth 0.1 sine 440"));
 
         const Loaded loaded = Load(path);
         ASSERT_EQ(loaded.code, CWaves::kOK);
         EXPECT_EQ(Type(loaded.id), c.type);
         EXPECT_EQ(Size(loaded.id), 2205u * c.bytesPerFrame);
-        std::uint32_t rate = 0;
-        EXPECT_EQ(m_waves.GetWaveFrequency(loaded.id, &rate), CWaves::kOK);
-        EXPECT_EQ(rate, 22050u);
+        EXPECT_EQ(Get(&CWaves::GetWaveFrequency, loaded.id), 22050u);
         EXPECT_EQ(AskedFormatName(loaded.id), c.formatName);
         EXPECT_EQ(m_waves.DeleteWaveFile(loaded.id), CWaves::kOK);
     }
-}
-
-TEST_F(WavesTest, SoxALawFileIsRefusedAsUnusable)
-{
-    if (!engine_test::HaveSox())
-        GTEST_SKIP() << "sox is not installed";
-    const std::string path = m_dir.File("alaw.wav");
-    ASSERT_TRUE(engine_test::Sox("-r 8000 -e a-law -c 1", path, "synth 0.1 sine 440"));
-    EXPECT_EQ(Load(path).code, CWaves::kBadFile);
+    // A-law data is refused as unusable.
+    const std::string alaw = m_dir.File("alaw.wav");
+    ASSERT_TRUE(engine_test::Sox("-r 8000 -e a-law -c 1", alaw, "synth 0.1 sine 440"));
+    EXPECT_EQ(Load(alaw).code, CWaves::kBadFile);
 }
 
 // The sample files of Debian's alsa-utils, checked against what sox's soxi reads from them.
@@ -169,9 +147,7 @@ TEST_F(WavesTest, AlsaSampleFilesLoadWithTheRateAndLengthThatSoxiReports)
         };
         const Loaded loaded = Load(entry.path().string());
         ASSERT_EQ(loaded.code, CWaves::kOK);
-        std::uint32_t rate = 0;
-        m_waves.GetWaveFrequency(loaded.id, &rate);
-        EXPECT_EQ(rate, soxi("-r"));
+        EXPECT_EQ(Get(&CWaves::GetWaveFrequency, loaded.id), soxi("-r"));
         EXPECT_EQ(Size(loaded.id), soxi("-s") * soxi("-c") * soxi("-b") / 8);
         ALenum format = 0;
         EXPECT_EQ(m_waves.GetWaveALBufferFormat(loaded.id, &alGetEnumValue, &format), CWaves::kOK);
@@ -182,30 +158,27 @@ TEST_F(WavesTest, AlsaSampleFilesLoadWithTheRateAndLengthThatSoxiReports)
     EXPECT_GT(files, 0);
 }
 
-TEST_F(WavesTest, DataIsReadWholeAndExactly)
+// Walks that succeed, on the usual layout and on files not laid out in the usual way.
+TEST_F(WavesTest, DataIsReadWholeAndUnusualButReadableLayoutsAreAccepted)
 {
+    // The data whole and exactly, past a chunk that the reader skips.
     const std::vector<unsigned char> samples = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
-    const Loaded loaded = LoadBytes(RiffBuilder()
-                                        .Chunk("LIST", {'x', 'y', 'z'})
-                                        .Chunk("fmt ", RiffBuilder::PCMFormat(1, 11025, 16))
-                                        .Chunk("data", samples)
-                                        .Build());
+    Loaded loaded = LoadBytes(RiffBuilder()
+                                  .Chunk("LIST", {'x', 'y', 'z'})
+                                  .Chunk("fmt ", RiffBuilder::PCMFormat(1, 11025, 16))
+                                  .Chunk("data", samples)
+                                  .Build());
     ASSERT_EQ(loaded.code, CWaves::kOK);
     void* data = nullptr;
     ASSERT_EQ(m_waves.GetWaveData(loaded.id, &data), CWaves::kOK);
     EXPECT_TRUE(std::equal(samples.begin(), samples.end(), static_cast<unsigned char*>(data)));
     EXPECT_EQ(Size(loaded.id), samples.size());
     EXPECT_EQ(AskedFormatName(loaded.id), "AL_FORMAT_MONO16");
-}
-
-// Walks that succeed although the file is not laid out in the usual way.
-TEST_F(WavesTest, UnusualButReadableLayoutsAreAccepted)
-{
-    const auto format = RiffBuilder::PCMFormat(2, 8000, 8);
-    const std::vector<unsigned char> odd = {10, 20, 30};
 
     // Identifiers in small letters.
-    Loaded loaded = LoadBytes(RiffBuilder("riff", "wave").Chunk("fmt ", format).Chunk("data", {1, 2}).Build());
+    const auto format = RiffBuilder::PCMFormat(2, 8000, 8);
+    const std::vector<unsigned char> odd = {10, 20, 30};
+    loaded = LoadBytes(RiffBuilder("riff", "wave").Chunk("fmt ", format).Chunk("data", {1, 2}).Build());
     EXPECT_EQ(loaded.code, CWaves::kOK);
     loaded = LoadBytes(RiffBuilder().Chunk("FMT ", format).Chunk("DaTa", {1, 2}).Build());
     EXPECT_EQ(loaded.code, CWaves::kOK);
@@ -214,7 +187,6 @@ TEST_F(WavesTest, UnusualButReadableLayoutsAreAccepted)
     loaded = LoadBytes(RiffBuilder().Chunk("data", odd).Chunk("fmt ", format).Build());
     ASSERT_EQ(loaded.code, CWaves::kOK);
     EXPECT_EQ(Size(loaded.id), 3u);
-    void* data = nullptr;
     m_waves.GetWaveData(loaded.id, &data);
     EXPECT_EQ(static_cast<unsigned char*>(data)[2], 30);
 
@@ -241,10 +213,7 @@ TEST_F(WavesTest, UnusualButReadableLayoutsAreAccepted)
 TEST_F(WavesTest, BrokenFilesFailWithMinusTwo)
 {
     const auto format = RiffBuilder::PCMFormat(1, 8000, 16);
-    struct Case {
-        const char* what;
-        std::vector<unsigned char> bytes;
-    };
+    struct Case { const char* what; std::vector<unsigned char> bytes; };
     auto fortyOne = RiffBuilder::ExtensibleFormat(1, 8000, 16, 4);
     fortyOne.push_back(0);
     const std::vector<Case> cases = {
@@ -338,7 +307,7 @@ TEST_F(WavesTest, TableHolds1024WavesAndReusesAFreedEntry)
     // The rest are freed by the reader's destructor; the sanitizer build checks that nothing leaks.
 }
 
-TEST_F(WavesTest, ArgumentsAndIdentifiersAreChecked)
+TEST_F(WavesTest, ArgumentsIdentifiersAndUnknownFormatNamesAreChecked)
 {
     int id = -1;
     EXPECT_EQ(m_waves.LoadWaveFile(nullptr, &id), CWaves::kBadArgument);
@@ -368,6 +337,13 @@ TEST_F(WavesTest, ArgumentsAndIdentifiersAreChecked)
     EXPECT_EQ(m_waves.GetWaveALBufferFormat(loaded.id, nullptr, &format), CWaves::kBadArgument);
     EXPECT_EQ(m_waves.GetWaveALBufferFormat(loaded.id, &alGetEnumValue, nullptr), CWaves::kBadArgument);
 
+    // A format name that the library does not know gives -16 and format 0.
+    format = -1;
+    EXPECT_EQ(m_waves.GetWaveALBufferFormat(loaded.id, &RefusingResolver, &format), CWaves::kNoFormat);
+    EXPECT_EQ(format, 0);
+    EXPECT_EQ(m_waves.GetWaveALBufferFormat(loaded.id, &alGetEnumValue, &format), CWaves::kOK);
+    EXPECT_EQ(format, AL_FORMAT_MONO16);
+
     EXPECT_EQ(m_waves.DeleteWaveFile(loaded.id), CWaves::kOK);
     EXPECT_EQ(m_waves.DeleteWaveFile(loaded.id), CWaves::kUnknownId);
     EXPECT_EQ(m_waves.GetWaveSize(loaded.id, &value), CWaves::kUnknownId);
@@ -377,29 +353,15 @@ TEST_F(WavesTest, ArgumentsAndIdentifiersAreChecked)
 // pair, 6.1, and masks that match no row.
 TEST_F(WavesTest, ExtensibleChannelMasksChooseTheFormat)
 {
-    struct Case {
-        std::uint16_t channels;
-        std::uint16_t bits;
-        std::uint32_t mask;
-        const char* name;
-    };
+    struct Case { std::uint16_t channels; std::uint16_t bits; std::uint32_t mask; const char* name; };
     const Case cases[] = {
-        {1, 16, 0x04, "AL_FORMAT_MONO16"},
-        {1, 8, 0x04, "AL_FORMAT_MONO8"},
-        {1, 16, 0x01, ""},
-        {2, 16, 0x03, "AL_FORMAT_STEREO16"},
-        {2, 8, 0x03, "AL_FORMAT_STEREO8"},
-        {2, 16, 0x30, "AL_FORMAT_REAR16"},
-        {2, 8, 0x30, ""},
-        {4, 16, 0x33, "AL_FORMAT_QUAD16"},
-        {4, 16, 0x107, ""},
-        {6, 16, 0x60F, ""},
-        {7, 16, 0x13F, "AL_FORMAT_61CHN16"},
-        {8, 16, 0x63F, "AL_FORMAT_71CHN16"},
+        {1, 16, 0x04, "AL_FORMAT_MONO16"},   {1, 8, 0x04, "AL_FORMAT_MONO8"},     {1, 16, 0x01, ""},
+        {2, 16, 0x03, "AL_FORMAT_STEREO16"}, {2, 8, 0x03, "AL_FORMAT_STEREO8"},   {2, 16, 0x30, "AL_FORMAT_REAR16"},
+        {2, 8, 0x30, ""},                    {4, 16, 0x33, "AL_FORMAT_QUAD16"},   {4, 16, 0x107, ""},
+        {6, 16, 0x60F, ""},                  {7, 16, 0x13F, "AL_FORMAT_61CHN16"}, {8, 16, 0x63F, "AL_FORMAT_71CHN16"},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        SCOPED_TRACE(c.mask);
+        SCOPED_TRACE(testing::Message() << c.name << " mask " << c.mask);
         const Loaded loaded = LoadBytes(RiffBuilder()
                                             .Chunk("fmt ", RiffBuilder::ExtensibleFormat(c.channels, 8000, c.bits, c.mask))
                                             .Chunk("data", std::vector<unsigned char>(64, 0))
@@ -409,15 +371,4 @@ TEST_F(WavesTest, ExtensibleChannelMasksChooseTheFormat)
         EXPECT_EQ(AskedFormatName(loaded.id), c.name);
         m_waves.DeleteWaveFile(loaded.id);
     }
-}
-
-TEST_F(WavesTest, AFormatNameTheLibraryDoesNotKnowGivesMinusSixteenAndZero)
-{
-    const Loaded loaded = LoadBytes(engine_test::SmallMonoWave());
-    ASSERT_EQ(loaded.code, CWaves::kOK);
-    ALenum format = -1;
-    EXPECT_EQ(m_waves.GetWaveALBufferFormat(loaded.id, &RefusingResolver, &format), CWaves::kNoFormat);
-    EXPECT_EQ(format, 0);
-    EXPECT_EQ(m_waves.GetWaveALBufferFormat(loaded.id, &alGetEnumValue, &format), CWaves::kOK);
-    EXPECT_EQ(format, AL_FORMAT_MONO16);
 }
