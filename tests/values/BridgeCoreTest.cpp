@@ -14,16 +14,10 @@ namespace {
 
 struct Windows : BridgePanner, BridgeResponseWindow, BridgePositionWindow, BridgeMainDialog,
                  BridgeContextSourceDialog, BridgeSlotPanel {
-    int vectorsTold = 0;
-    float reflections[3] = {};
-    float late[3] = {};
-    int responseSlot = -1;
+    int vectorsTold = 0, responsesTold = 0, redraws = 0, reloads = 0;
+    int responseSlot = -1, mainCheck = -1;
+    float reflections[3] = {}, late[3] = {};
     ReverbResponseParams record;
-    int responsesTold = 0;
-    int redraws = 0;
-    int mainCheck = -1;
-    int sourceDialogCheck = -1;
-    int reloads = 0;
 
     void SetVectors(const float reflectionsPan[3], const float latePan[3]) override
     {
@@ -57,7 +51,6 @@ protected:
         BridgeTest::SetUp();
         ASSERT_EQ(bridge->CreateSlot(), 0u);
         slot = bridge->GetFactory()->GetEffectSlot(0);
-        getEffectf = reinterpret_cast<LPALGETEFFECTF>(alGetProcAddress("alGetEffectf"));
         MakePanelRows(0, 5);
         bridge->SetPanner(0, &windows);
         bridge->SetResponseWindow(&windows);
@@ -69,21 +62,13 @@ protected:
         BridgeTest::TearDown();
     }
 
-    float Effect(ALenum token)
-    {
-        float value = -7;
-        getEffectf(spy.lastEffect, token, &value);
-        return value;
-    }
-
     EFX_EffectSlot* slot = nullptr;
-    LPALGETEFFECTF getEffectf = nullptr;
     Windows windows;
 };
 
 } // namespace
 
-TEST_F(BridgeSlotTest, WithCallbacksDisabledAChangeMovesItsControlsAndReachesNoEngineObject)
+TEST_F(BridgeSlotTest, WithCallbacksDisabledOrDuringTheWriteBackAChangeReachesNoEngineObject)
 {
     ASSERT_EQ(bridge->LoadSlotEffect(0, kEffectEAXReverb), 1);
     console.lines.clear();
@@ -104,11 +89,8 @@ TEST_F(BridgeSlotTest, WithCallbacksDisabledAChangeMovesItsControlsAndReachesNoE
     EXPECT_FLOAT_EQ(Effect(AL_EAXREVERB_DECAY_TIME), 1.49f);
     EXPECT_TRUE(console.lines.empty());
     EXPECT_EQ(windows.responsesTold, 0);
-}
 
-TEST_F(BridgeSlotTest, ASetterWithCallbackRunDuringTheWriteBackIsHeldOffAndTheGuardComesBack)
-{
-    ASSERT_EQ(bridge->LoadSlotEffect(0, kEffectEAXReverb), 1);
+    // A setter with callback run during the write-back is held off, and the guard comes back.
     // A control that answers the write-back of one value by setting another, with callback.
     struct Echoer : CObserver {
         CEFXFloatValObs* other = nullptr;
@@ -223,7 +205,7 @@ TEST_F(BridgeTest, APresetBeyondAKnobsRangeIsClampedForTheKnobNotForTheRecord)
     bridge->SetResponseWindow(nullptr);
 }
 
-TEST_F(BridgeSlotTest, TheStandardReverbFillsTheRecordWithFixedReferencesAndTellsNoPanner)
+TEST_F(BridgeSlotTest, TheStandardReverbTellsNoPannerAndOnePanComponentSendsTheOthersFromTheNeighbours)
 {
     ASSERT_EQ(bridge->LoadSlotEffect(0, kEffectReverb), 1);
     ASSERT_EQ(slot->SetReverbLateReverbGain(0.5f), 1);
@@ -236,10 +218,8 @@ TEST_F(BridgeSlotTest, TheStandardReverbFillsTheRecordWithFixedReferencesAndTell
     EXPECT_EQ(windows.record.GainLF, 0);
     EXPECT_EQ(windows.record.LateReverbGain, LevelToMillibels(0.5f));
     EXPECT_FLOAT_EQ(BridgeTables().ReverbValues[0][11]->Value, 0.5f);
-}
 
-TEST_F(BridgeSlotTest, ChangingOnePanComponentSendsTheOthersFromTheNeighbouringValues)
-{
+    // On the EAX reverb, changing one pan component sends the others from the neighbouring values.
     ASSERT_EQ(bridge->LoadSlotEffect(0, kEffectEAXReverb), 1);
     CEFXFloatValObs* const* values = BridgeTables().ReverbValues[0];
     values[6]->Assign(0.25f);
@@ -284,17 +264,7 @@ TEST_F(BridgeSlotTest, DefaultsLogTheirMessageAndWriteTheEffectBack)
     EXPECT_EQ(windows.record.Gain, -989);
 }
 
-TEST_F(BridgeTest, AFifthSlotIsRefusedWithTheMessageAndAllBitsSet)
-{
-    for (std::uint32_t i = 0; i < 4; ++i)
-        ASSERT_EQ(bridge->CreateSlot(), i);
-    console.lines.clear();
-    EXPECT_EQ(bridge->CreateSlot(), 0xFFFFFFFFu);
-    EXPECT_EQ(console.lines, std::vector<std::string>{"Maximum number of slots already reached"});
-    EXPECT_EQ(bridge->GetSlotCount(), 4);
-}
-
-TEST_F(BridgeTest, SlotQueriesLogTheirFailuresAndThePanelIsAskedToReload)
+TEST_F(BridgeTest, SlotQueriesLogTheirFailuresThePanelIsAskedToReloadAndAFifthSlotIsRefused)
 {
     int type = -1;
     EXPECT_EQ(bridge->GetSlotEffect(2, &type), 0);
@@ -315,6 +285,14 @@ TEST_F(BridgeTest, SlotQueriesLogTheirFailuresAndThePanelIsAskedToReload)
     bridge->RefreshSlotPanel(1);
     EXPECT_EQ(panel.reloads, 1);
     bridge->SetSlotPanel(0, nullptr);
+
+    // A fifth slot is refused with the message and all bits set.
+    for (std::uint32_t i = 1; i < 4; ++i)
+        ASSERT_EQ(bridge->CreateSlot(), i);
+    console.lines.clear();
+    EXPECT_EQ(bridge->CreateSlot(), 0xFFFFFFFFu);
+    EXPECT_EQ(console.lines, std::vector<std::string>{"Maximum number of slots already reached"});
+    EXPECT_EQ(bridge->GetSlotCount(), 4);
 }
 
 namespace {
@@ -368,7 +346,7 @@ TEST_F(BridgeTest, DeletingSourceZeroOfThreeRenumbersTheValuesThatMoveUp)
     bridge->SetPositionWindow(nullptr);
 }
 
-TEST_F(BridgeTest, DeletingTheOnlySourceLeavesAFreshSetOfValuesAtZero)
+TEST_F(BridgeTest, DeletingTheOnlySourceLeavesFreshValuesAtZeroWhoseChangesGoNowhere)
 {
     const std::string path = WaveFile();
     ASSERT_EQ(bridge->CreateSource(path.c_str()), 1);
@@ -385,13 +363,8 @@ TEST_F(BridgeTest, DeletingTheOnlySourceLeavesAFreshSetOfValuesAtZero)
         EXPECT_NE(value, nullptr);
     for (auto& send : BridgeTables().SendRoutingValues)
         EXPECT_NE(send[0], nullptr);
-}
 
-TEST_F(BridgeTest, AChangeFromThePanelOfADeletedSourceGoesNowhere)
-{
-    const std::string path = WaveFile();
-    ASSERT_EQ(bridge->CreateSource(path.c_str()), 1);
-    bridge->DeleteSource(0);
+    // A change from the panel of the deleted source goes nowhere.
     console.lines.clear();
     CEFXFloatValObs* stale = BridgeTables().SourceValues[0][15];
     Bind(stale, 0, 1, 2, 0, 15);

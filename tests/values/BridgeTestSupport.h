@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace bridge_test {
@@ -107,47 +108,49 @@ protected:
     {
         ReleasePanelRows();
         BridgeValueTables& tables = BridgeTables();
-        for (int p = 0; p < bridge_limits::kEffectValues; ++p) {
-            tables.EffectValues[slot][p] = new CEFXFloatValObs();
-            Bind(tables.EffectValues[slot][p], -100000, 100000, category, static_cast<std::uint16_t>(slot),
-                 static_cast<std::uint16_t>(p));
-        }
-        for (int p = 0; p < bridge_limits::kEffectLongValues; ++p) {
-            tables.EffectLongValues[slot][p] = new CEFXLongValObs();
-            Bind(tables.EffectLongValues[slot][p], -100000, 100000, category, static_cast<std::uint16_t>(slot),
-                 static_cast<std::uint16_t>(p));
-        }
+        const auto index = static_cast<std::uint16_t>(slot);
+        auto bindRow = [&](auto& row) {
+            for (std::size_t p = 0; p < std::size(row); ++p) {
+                if (!row[p])
+                    row[p] = new std::remove_pointer_t<std::remove_reference_t<decltype(row[p])>>();
+                Bind(row[p], -100000, 100000, category, index, static_cast<std::uint16_t>(p));
+            }
+        };
+        bindRow(tables.EffectValues[slot]);
+        bindRow(tables.EffectLongValues[slot]);
+        bindRow(tables.ReverbValues[slot]);
         for (int p = 0; p < bridge_limits::kEffectChoices; ++p) {
             tables.EffectChoices[slot][p] = new CSonopticCBoxDiscreteValObs();
-            tables.EffectChoices[slot][p]->Bind(&combos[p], category, static_cast<std::uint16_t>(slot),
-                                                 static_cast<std::uint16_t>(p));
+            tables.EffectChoices[slot][p]->Bind(&combos[p], category, index, static_cast<std::uint16_t>(p));
         }
         tables.ReverbHFLimitFlags[slot] = new CSonopticBoolValObs();
-        tables.ReverbHFLimitFlags[slot]->Bind(&hfLimit, category, static_cast<std::uint16_t>(slot), 0);
-        for (int p = 0; p < bridge_limits::kReverbValues; ++p)
-            Bind(tables.ReverbValues[slot][p], -100000, 100000, category, static_cast<std::uint16_t>(slot),
-                 static_cast<std::uint16_t>(p));
+        tables.ReverbHFLimitFlags[slot]->Bind(&hfLimit, category, index, 0);
     }
 
     void ReleasePanelRows()
     {
         BridgeValueTables& tables = BridgeTables();
+        auto release = [](auto& row) {
+            for (auto*& value : row) {
+                delete value;
+                value = nullptr;
+            }
+        };
         for (int slot = 0; slot < bridge_limits::kSlots; ++slot) {
-            for (auto*& value : tables.EffectValues[slot]) {
-                delete value;
-                value = nullptr;
-            }
-            for (auto*& value : tables.EffectLongValues[slot]) {
-                delete value;
-                value = nullptr;
-            }
-            for (auto*& value : tables.EffectChoices[slot]) {
-                delete value;
-                value = nullptr;
-            }
+            release(tables.EffectValues[slot]);
+            release(tables.EffectLongValues[slot]);
+            release(tables.EffectChoices[slot]);
             delete tables.ReverbHFLimitFlags[slot];
             tables.ReverbHFLimitFlags[slot] = nullptr;
         }
+    }
+
+    // What OpenAL Soft holds for a float property of the effect generated last.
+    float Effect(ALenum token) const
+    {
+        float value = -1.0f;
+        reinterpret_cast<LPALGETEFFECTF>(alGetProcAddress("alGetEffectf"))(spy.lastEffect, token, &value);
+        return value;
     }
 
     // A small mono file that the factory can load.

@@ -5,8 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
-TEST(LinearRange, FractionsAndValuesMapBothWaysAndStopAtTheEnds)
+TEST(LinearRange, FractionsAndValuesMapBothWaysStopAtTheEndsAndEqualEndsGiveNotANumber)
 {
     CConvertNumericToLinearRange converter;
     converter.Low = -180;
@@ -23,31 +24,24 @@ TEST(LinearRange, FractionsAndValuesMapBothWaysAndStopAtTheEnds)
     converter.High = 7.943;
     for (double fraction : {0.0, 0.3, 0.61, 1.0})
         EXPECT_NEAR(converter.ToLinear(converter.FromLinear(fraction)), fraction, 1e-12);
-}
 
-TEST(LinearRange, EqualEndsGiveNotANumberInsideAndOutside)
-{
-    CConvertNumericToLinearRange converter;
+    // Equal ends give not a number, inside and outside.
     converter.Low = 2;
     converter.High = 2;
-    EXPECT_TRUE(std::isnan(converter.ToLinear(1)));
-    EXPECT_TRUE(std::isnan(converter.ToLinear(2)));
-    EXPECT_TRUE(std::isnan(converter.ToLinear(3)));
+    for (double value : {1, 2, 3})
+        EXPECT_TRUE(std::isnan(converter.ToLinear(value))) << value;
     EXPECT_DOUBLE_EQ(converter.FromLinear(0.4), 2);
 }
 
+// Truncated, not rounded: ln(0.32) * 868.589 is -989.6, ln(3.5) * 868.589 is 1088.1.
 TEST(Millibels, GainsBecomeTruncatedMillibelsWithAFloorAtMinusTenThousand)
 {
-    EXPECT_EQ(LevelToMillibels(1.0f), 0);
-    EXPECT_EQ(LevelToMillibels(0.1f), -2000);
-    EXPECT_EQ(LevelToMillibels(10.0f), 2000);
-    EXPECT_EQ(LevelToMillibels(0.0f), -10000);
-    EXPECT_EQ(LevelToMillibels(0.00001f), -10000);
-    EXPECT_EQ(LevelToMillibels(-3.0f), -10000);
-    // Truncated, not rounded: ln(0.32) * 868.589 is -989.6, ln(3.5) * 868.589 is 1088.1.
-    EXPECT_EQ(LevelToMillibels(0.32f), -989);
-    EXPECT_EQ(LevelToMillibels(3.5f), 1088);
-    EXPECT_EQ(LevelToMillibels(0.994f), -5);
+    const std::pair<float, int> cases[] = {
+        {1.0f, 0}, {0.1f, -2000}, {10.0f, 2000}, {0.0f, -10000}, {0.00001f, -10000}, {-3.0f, -10000},
+        {0.32f, -989}, {3.5f, 1088}, {0.994f, -5},
+    };
+    for (const auto& [level, millibels] : cases)
+        EXPECT_EQ(LevelToMillibels(level), millibels) << level;
 }
 
 TEST(PositionRange, TheScaleOfThePositionWindowGivesTheExtent)

@@ -12,28 +12,16 @@ namespace {
 auto GetSlotf = [] { return reinterpret_cast<LPALGETAUXILIARYEFFECTSLOTF>(alGetProcAddress("alGetAuxiliaryEffectSlotf")); };
 auto GetSloti = [] { return reinterpret_cast<LPALGETAUXILIARYEFFECTSLOTI>(alGetProcAddress("alGetAuxiliaryEffectSloti")); };
 
-// What OpenAL holds for listener param p, 0 to 14.
+// What OpenAL holds for listener param p, 0 to 14: the Doppler factor, the position, the at and up
+// vectors, the velocity, the speed of sound and the gain.
 float ListenerAL(int param)
 {
     float vector[6] = {};
-    if (param == 0)
-        return alGetFloat(AL_DOPPLER_FACTOR);
-    if (param >= 1 && param <= 3) {
-        alGetListener3f(AL_POSITION, &vector[0], &vector[1], &vector[2]);
-        return vector[param - 1];
-    }
-    if (param >= 4 && param <= 9) {
-        alGetListenerfv(AL_ORIENTATION, vector);
-        return vector[param - 4];
-    }
-    if (param >= 10 && param <= 12) {
-        alGetListener3f(AL_VELOCITY, &vector[0], &vector[1], &vector[2]);
-        return vector[param - 10];
-    }
-    if (param == 13)
-        return alGetFloat(AL_SPEED_OF_SOUND);
-    alGetListenerf(AL_GAIN, &vector[0]);
-    return vector[0];
+    if (param == 0 || param == 13)
+        return alGetFloat(param == 0 ? AL_DOPPLER_FACTOR : AL_SPEED_OF_SOUND);
+    const ALenum token = param <= 3 ? AL_POSITION : param <= 9 ? AL_ORIENTATION : param <= 12 ? AL_VELOCITY : AL_GAIN;
+    alGetListenerfv(token, vector);
+    return vector[param <= 3 ? param - 1 : param <= 9 ? param - 4 : param <= 12 ? param - 10 : 0];
 }
 
 class ListenerDispatch : public BridgeTest {
@@ -92,7 +80,7 @@ TEST_F(ListenerDispatch, EachKnobReachesItsListenerPropertyAndAllAreReadBack)
     EXPECT_TRUE(console.Has("Listener AL_GAIN set"));
 }
 
-TEST_F(ListenerDispatch, ThePositionIsSentWholeAndTheUpVectorGoesWithTheAtVectorAsLastRead)
+TEST_F(ListenerDispatch, ThePositionGoesWholeTheUpVectorWithTheAtTheModelByItsRowAndARefusedGainComesBack)
 {
     BridgeValueTables& tables = BridgeTables();
     tables.ListenerValues[1]->Assign(5.0f);
@@ -115,10 +103,7 @@ TEST_F(ListenerDispatch, ThePositionIsSentWholeAndTheUpVectorGoesWithTheAtVector
     EXPECT_FLOAT_EQ(orientation[3], 0.6f);
     EXPECT_FLOAT_EQ(orientation[4], 0.8f);
     EXPECT_FLOAT_EQ(orientation[5], 0.0f);
-}
 
-TEST_F(ListenerDispatch, TheDistanceModelRowSetsTheModelAndARefusedGainComesBack)
-{
     BridgeTables().DistanceModelValue.OnUserSelected(3);
     EXPECT_EQ(alGetInteger(AL_DISTANCE_MODEL), AL_LINEAR_DISTANCE);
     EXPECT_EQ(buttons[3].state, 1);

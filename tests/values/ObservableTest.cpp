@@ -18,6 +18,7 @@ struct Watcher : CObserver {
     struct Heard {
         int hint;
         double value;
+        bool operator==(const Heard&) const = default;
     };
     std::vector<Heard> heard;
     void Update(CObservable* subject, int hint, std::intptr_t) override
@@ -30,9 +31,14 @@ struct Watcher : CObserver {
 struct Call {
     CObservableNumber* subject;
     std::uint16_t kind, category, index, param, extra;
+    // The identifiers that the call carried, in order.
+    std::vector<int> Ids() const { return {kind, category, index, param, extra}; }
 };
 
-struct RecordingCallback : COrvexObservableCallback {
+// Records every callback; on the bridge, it is a bridge that only listens, which the event families
+// find through GetInstance.
+template <typename Base>
+struct Recording : Base {
     std::vector<Call> calls;
     void OnValueChanged(CObservableNumber* subject, std::uint16_t kind, std::uint16_t category,
                         std::uint16_t index, std::uint16_t param, std::uint16_t extra) override
@@ -40,16 +46,8 @@ struct RecordingCallback : COrvexObservableCallback {
         calls.push_back({subject, kind, category, index, param, extra});
     }
 };
-
-// A bridge that only listens: the event families find it through GetInstance.
-struct ListeningBridge : UI_EFX_Bridge {
-    std::vector<Call> calls;
-    void OnValueChanged(CObservableNumber* subject, std::uint16_t kind, std::uint16_t category,
-                        std::uint16_t index, std::uint16_t param, std::uint16_t extra) override
-    {
-        calls.push_back({subject, kind, category, index, param, extra});
-    }
-};
+using RecordingCallback = Recording<COrvexObservableCallback>;
+using ListeningBridge = Recording<UI_EFX_Bridge>;
 
 struct Button : CheckBoxControl {
     int state = -1;
@@ -66,18 +64,13 @@ struct Combo : ComboBoxControl {
 TEST(FloatValue, AssignTellsAboutToChangeWithTheOldValueThenChangedWithTheNew)
 {
     CEFXFloatValObs value;
-    Watcher a;
-    Watcher b;
+    Watcher a, b;
     value.AddObserver(&a, 1);
     value.AddObserver(&b, 0);
     value.Assign(0.5f);
-    ASSERT_EQ(a.heard.size(), 3u);
-    EXPECT_EQ(a.heard[0].hint, kHintAttached);
-    EXPECT_EQ(a.heard[1].hint, kHintAboutToChange);
-    EXPECT_EQ(a.heard[1].value, 0.0);
-    EXPECT_EQ(a.heard[2].hint, kHintChanged);
-    EXPECT_EQ(a.heard[2].value, 0.5);
-    EXPECT_EQ(b.heard.size(), 2u);
+    EXPECT_EQ(a.heard,
+              (std::vector<Watcher::Heard>{{kHintAttached, 0.0}, {kHintAboutToChange, 0.0}, {kHintChanged, 0.5}}));
+    EXPECT_EQ(b.heard, (std::vector<Watcher::Heard>{{kHintAboutToChange, 0.0}, {kHintChanged, 0.5}}));
     value.RemoveObserver(&a, 0);
     value.RemoveObserver(&b, 0);
 }
@@ -112,7 +105,7 @@ TEST(FloatValue, AnEqualValueAndAValueOutOfARangeAreDroppedUnheard)
     value.RemoveObserver(&watcher, 0);
 }
 
-TEST(FloatValue, TheCallbackFollowsEveryTypedSetEvenADroppedOne)
+TEST(FloatValue, TheCallbackFollowsEveryTypedSetEvenADroppedOneAndSetValueRoundsToTheNearestFloat)
 {
     CEFXFloatValObs value;
     RecordingCallback callback;
@@ -120,27 +113,24 @@ TEST(FloatValue, TheCallbackFollowsEveryTypedSetEvenADroppedOne)
     value.SetIdentifiers(0, 5, 2, 21, 65535);
     value.Maximum = 1.0f;
     value.RangeChecked = 1;
+    value.SetValue(0.1); // rounded to the nearest float
+    EXPECT_EQ(value.Value, 0.1f);
     value.SetValue(0.25);
     value.SetValue(1.25); // one step above the maximum
-    ASSERT_EQ(callback.calls.size(), 2u);
+    ASSERT_EQ(callback.calls.size(), 3u);
     EXPECT_EQ(value.Value, 0.25f);
-    const Call& call = callback.calls[1];
-    EXPECT_EQ(call.subject, &value);
-    EXPECT_EQ(call.kind, 0);
-    EXPECT_EQ(call.category, 5);
-    EXPECT_EQ(call.index, 2);
-    EXPECT_EQ(call.param, 21);
-    EXPECT_EQ(call.extra, 65535);
+    EXPECT_EQ(callback.calls[2].subject, &value);
+    EXPECT_EQ(callback.calls[2].Ids(), (std::vector<int>{0, 5, 2, 21, 65535}));
 
     value.Suppressed = 1;
     value.SetFloat(0.5f);
-    EXPECT_EQ(callback.calls.size(), 2u);
+    EXPECT_EQ(callback.calls.size(), 3u);
     EXPECT_EQ(value.Value, 0.5f);
 
     // Assign alone never calls back.
     value.Suppressed = 0;
     value.Assign(0.75f);
-    EXPECT_EQ(callback.calls.size(), 2u);
+    EXPECT_EQ(callback.calls.size(), 3u);
 }
 
 TEST(LongValue, SetValueTruncatesTowardsZeroAndCallsBackAsKindOne)
@@ -157,13 +147,6 @@ TEST(LongValue, SetValueTruncatesTowardsZeroAndCallsBackAsKindOne)
     ASSERT_EQ(callback.calls.size(), 3u);
     EXPECT_EQ(callback.calls[0].kind, 1);
     EXPECT_EQ(value.GetValue(), 2147483647.0);
-}
-
-TEST(FloatValue, SetValueRoundsToTheNearestFloat)
-{
-    CEFXFloatValObs value;
-    value.SetValue(0.1);
-    EXPECT_EQ(value.Value, 0.1f);
 }
 
 TEST(ValueText, FloatsTakeOneToFourDecimalsAndTwoOtherwiseLongsIgnoreThem)
@@ -189,7 +172,7 @@ TEST(ValueText, FloatsTakeOneToFourDecimalsAndTwoOtherwiseLongsIgnoreThem)
     EXPECT_STREQ(text, "-42");
 }
 
-TEST(Observable, RemoveAllObserversReachesOnlyTheFirstHalfRoundedUp)
+TEST(Observable, RemoveAllObserversAndTheDestructorReachOnlyTheFirstHalfRoundedUp)
 {
     Watcher watchers[3];
     {
@@ -199,27 +182,21 @@ TEST(Observable, RemoveAllObserversReachesOnlyTheFirstHalfRoundedUp)
         value.RemoveAllObservers(1);
         EXPECT_TRUE(value.GetObservers().empty());
     }
-    EXPECT_EQ(watchers[0].heard.size(), 1u);
-    EXPECT_EQ(watchers[0].heard[0].hint, kHintDetached);
-    EXPECT_EQ(watchers[0].Subject, nullptr);
-    EXPECT_EQ(watchers[1].heard.size(), 1u);
-    EXPECT_EQ(watchers[1].Subject, nullptr);
+    for (int i : {0, 1}) {
+        EXPECT_EQ(watchers[i].heard, (std::vector<Watcher::Heard>{{kHintDetached, -1}})) << i;
+        EXPECT_EQ(watchers[i].Subject, nullptr) << i;
+    }
     EXPECT_TRUE(watchers[2].heard.empty());
     // Dropped unheard, it still names the value, which is gone: forget it before it detaches.
     EXPECT_NE(watchers[2].Subject, nullptr);
     watchers[2].Subject = nullptr;
-}
 
-TEST(Observable, AValueDestroyedWithTwoObserversTellsOnlyTheFirst)
-{
-    Watcher first;
-    Watcher second;
+    Watcher first, second;
     auto* value = new CEFXFloatValObs();
     value->AddObserver(&first, 0);
     value->AddObserver(&second, 0);
     delete value;
-    ASSERT_EQ(first.heard.size(), 1u);
-    EXPECT_EQ(first.heard[0].hint, kHintDetached);
+    EXPECT_EQ(first.heard, (std::vector<Watcher::Heard>{{kHintDetached, -1}}));
     EXPECT_EQ(first.Subject, nullptr);
     EXPECT_TRUE(second.heard.empty());
     EXPECT_NE(second.Subject, nullptr);
@@ -260,10 +237,7 @@ TEST(Observable, AnObserverThatShrinksTheListDuringANotificationMakesTheCheckedR
 
 TEST(Observable, AGroupMovesItsOtherMembersInModeOneByTheSameDeltaWithinSixteenBits)
 {
-    CEFXLongValObs leader;
-    CEFXLongValObs follower;
-    CEFXLongValObs nearTop;
-    CEFXLongValObs idle;
+    CEFXLongValObs leader, follower, nearTop, idle;
     follower.Assign(10);
     nearTop.Assign(65530);
     idle.Assign(10);
@@ -308,16 +282,9 @@ TEST(EventValues, CheckAndComboTellTheBridgeTheirStateAndSetTheirControlsSilentl
 
     ASSERT_EQ(bridge.calls.size(), 3u);
     EXPECT_EQ(bridge.calls[0].subject, nullptr);
-    EXPECT_EQ(bridge.calls[0].kind, 2);
-    EXPECT_EQ(bridge.calls[0].category, 2);
-    EXPECT_EQ(bridge.calls[0].index, 7);
-    EXPECT_EQ(bridge.calls[0].param, 4);
-    EXPECT_EQ(bridge.calls[0].extra, 1);
-    EXPECT_EQ(bridge.calls[1].index, 6);
-    EXPECT_EQ(bridge.calls[1].extra, 0);
-    EXPECT_EQ(bridge.calls[2].kind, 3);
-    EXPECT_EQ(bridge.calls[2].category, 9);
-    EXPECT_EQ(bridge.calls[2].extra, 1);
+    EXPECT_EQ(bridge.calls[0].Ids(), (std::vector<int>{2, 2, 7, 4, 1}));
+    EXPECT_EQ(bridge.calls[1].Ids(), (std::vector<int>{2, 2, 6, 4, 0}));
+    EXPECT_EQ(bridge.calls[2].Ids(), (std::vector<int>{3, 9, 3, 0, 1}));
 }
 
 TEST(EventValues, ARadioRowKeepsItsSelectionAndDisabledArrivesAs65535)
@@ -343,9 +310,7 @@ TEST(EventValues, ARadioRowKeepsItsSelectionAndDisabledArrivesAs65535)
     routing.OnUserSelected(-1);
     EXPECT_EQ(routing.Selected, -1);
     ASSERT_EQ(bridge.calls.size(), 1u);
-    EXPECT_EQ(bridge.calls[0].kind, 1);
-    EXPECT_EQ(bridge.calls[0].param, 3);
-    EXPECT_EQ(bridge.calls[0].extra, 65535);
+    EXPECT_EQ(bridge.calls[0].Ids(), (std::vector<int>{1, 2, 0, 3, 65535}));
 }
 
 TEST(EventValues, WithoutABridgeAnEventGoesNowhere)
