@@ -17,6 +17,7 @@
 #include <cstring>
 #include <filesystem>
 #include <functional>
+#include <vector>
 
 namespace {
 
@@ -91,10 +92,7 @@ QImage Canvas(QSize size)
 }
 
 struct CommittedBitmap {
-    int id;
-    int width;
-    int height;
-    int bitCount;
+    int id, width, height, bitCount;
 };
 
 // The sizes and depths the controls are laid out for.
@@ -135,10 +133,9 @@ TEST(CDibCommitted, FilesHaveTheLaidOutSizeAndDepthAtOneAndTwiceTheSize)
     }
 }
 
-TEST(CDibCommitted, ResourceMatchesTheFileAndIsPacked)
+TEST(CDibCommitted, ResourceMatchesTheFileAndIsPackedAndTrueColourHasNoColourTable)
 {
-    CDib file;
-    CDib resource;
+    CDib file, resource;
     ASSERT_EQ(file.Read(kBitmapFolder + "/136.bmp"), 1);
     ASSERT_TRUE(resource.LoadResource(res::IDB_KNOB_GREY));
     EXPECT_EQ(resource.HeaderAlloc, CDib::GlobalMemory);
@@ -148,10 +145,7 @@ TEST(CDibCommitted, ResourceMatchesTheFileAndIsPacked)
     EXPECT_EQ(resource.Palette, file.Palette);
     EXPECT_FALSE(resource.LoadResource(4242));
     EXPECT_EQ(resource.Header, nullptr);
-}
 
-TEST(CDibCommitted, TrueColourBitmapHasNoColourTableAndNoPalette)
-{
     CDib dib;
     ASSERT_EQ(dib.Read(kBitmapFolder + "/128.bmp"), 1);
     EXPECT_EQ(dib.Header->biBitCount, 24);
@@ -211,13 +205,9 @@ TEST(CDibMemory, MapToPaletteKeepsTheMaskKeyAndRemapsPadding)
     palette[9] = qRgb(0, 0, 255);
     palette[11] = qRgb(0, 255, 0);
     dib.MapToPalette(palette);
-    for (int y = 0; y < 2; ++y) {
-        std::uint8_t* row = dib.Image + 4 * y;
-        EXPECT_EQ(row[0], 7);
-        EXPECT_EQ(row[1], 9);
-        EXPECT_EQ(row[2], kMaskKeyIndex);
-        EXPECT_EQ(row[3], 7); // the padding byte held index 0
-    }
+    // The padding byte of each row held index 0.
+    for (const std::uint8_t* row : {dib.Image, dib.Image + 4})
+        EXPECT_EQ(std::vector<int>(row, row + 4), (std::vector<int>{7, 9, kMaskKeyIndex, 7}));
     EXPECT_EQ(dib.ColorTable[9].rgbBlue, 255);
     EXPECT_EQ(dib.ColorTable[kMaskKeyIndex].rgbRed, 128); // the table is the palette's, 253 too
     EXPECT_EQ(dib.ToImage().pixel(1, 0), qRgb(0, 0, 255));
@@ -243,11 +233,7 @@ TEST(CDibMemory, FourBitPixelsDrawHighNibbleFirstAndDrawPartCountsFromTheTop)
     EXPECT_FALSE(empty.Draw(painter, QPoint(), QSize(1, 1)));
 }
 
-struct ReadCase {
-    const char* what;
-    QByteArray bytes;
-    const char* message;
-};
+struct ReadCase { const char* what; QByteArray bytes; const char* message; };
 
 TEST(CDibFile, ReadTellsWhatWentWrong)
 {
@@ -295,7 +281,7 @@ TEST(CDibFile, TruncatedPixelsReadAsZerosWithoutAMessage)
     EXPECT_EQ(dib.ToImage().pixel(0, 3), Grey(200));
 }
 
-TEST(CDibFile, WriteThenReadRoundTripsAndWritesBackWhatItRead)
+TEST(CDibFile, WriteThenReadRoundTripsWritesBackWhatItReadAndAFailureSaysWriteError)
 {
     CDib packed;
     MakePacked(packed, 7, 5, 4, [](int i) { return qRgb(i * 15, 255 - i * 15, i); }, [](int x, int y) { return (x * y) % 16; });
@@ -314,14 +300,10 @@ TEST(CDibFile, WriteThenReadRoundTripsAndWritesBackWhatItRead)
 
     // Read from a file, the header and the pixels lie in two blocks; both are written.
     ASSERT_EQ(read.Write(second), 1);
-    QFile a(first);
-    QFile b(second);
+    QFile a(first), b(second);
     ASSERT_TRUE(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
     EXPECT_EQ(a.readAll(), b.readAll());
-}
 
-TEST(CDibFile, WriteFailureSaysWriteError)
-{
     CDib dib;
     MakePacked(dib, 2, 2, 8, Grey, [](int, int) { return 1; });
     QBuffer readOnly;
@@ -353,9 +335,7 @@ protected:
 
     bool InBlock(int x, int y) const { return x >= 2 && x < 5 && y >= 2 && y < 4; }
 
-    CDib background;
-    CDib image;
-    CDib mask;
+    CDib background, image, mask;
 };
 
 TEST_F(CDibMaskTest, DrawThroughMaskPutsImageBytesWhereTheMaskIsNotTheKey)

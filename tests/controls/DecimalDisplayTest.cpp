@@ -29,33 +29,6 @@ using namespace controls_test;
 
 namespace {
 
-// Keys of the X server's keyboard held down through the XTest extension, as a user holds them: the
-// display reads Ctrl and Shift with QGuiApplication::queryKeyboardModifiers, which asks the server
-// rather than the events. The test binary does not link Xlib, so its few calls are bound at run time.
-class HeldKeys {
-public:
-    explicit HeldKeys(std::vector<std::string> names)
-        : m_names(std::move(names))
-    {
-        for (const std::string& name : m_names)
-            Keyboard().Send(name, true);
-    }
-    ~HeldKeys()
-    {
-        for (auto it = m_names.rbegin(); it != m_names.rend(); ++it)
-            Keyboard().Send(*it, false);
-    }
-    static bool Available() { return Keyboard().Available(); }
-
-private:
-    static XKeyboard& Keyboard()
-    {
-        static XKeyboard keyboard;
-        return keyboard;
-    }
-    std::vector<std::string> m_names;
-};
-
 // The record of the spin and edit cases: two decimals in a field of three, and room for the mouse.
 CDecimalDisplaySpec TwoPlaces()
 {
@@ -177,12 +150,7 @@ TEST_F(DecimalDisplayTest, FormatValuePrintsTheMagnitudeInTheRecordsFieldAndPads
 
 TEST_F(DecimalDisplayTest, TheShownTextHasTheSignOfANonZeroTextAndTheUnitsAfterABlank)
 {
-    struct Case {
-        int showPlus;
-        const char* units;
-        double value;
-        const char* shown;
-    };
+    struct Case { int showPlus; const char* units; double value; const char* shown; };
     const Case cases[] = {
         {0, "", -1.5, "-1.5000"},  {0, "", -0.00001, "0.0000"}, {1, "", 2.0, "+2.0000"},
         {0, "", 2.0, "2.0000"},    {1, "", 0.0, "0.0000"},      {0, "dB", -1.0, "-1.0000 dB"},
@@ -199,10 +167,7 @@ TEST_F(DecimalDisplayTest, TheShownTextHasTheSignOfANonZeroTextAndTheUnitsAfterA
 
 TEST_F(DecimalDisplayTest, ThePanelsFormsPrintByTheirOwnFixedFormat)
 {
-    struct Case {
-        unsigned decimals;
-        const char* text;
-    };
+    struct Case { unsigned decimals; const char* text; };
     const Case cases[] = {{1, "1.2"}, {2, "1.23"}, {3, "1.235"}, {4, "1.2346"}, {0, "1.23"}, {7, "1.23"}};
     free.Assign(1.23456f);
     for (const Case& c : cases)
@@ -275,15 +240,13 @@ TEST_F(DecimalDisplayTest, AnArrowStepsAtOnceThenEveryQuarterSecondAndTheEngineF
     EXPECT_EQ(display->grab().toImage(), before);
 }
 
+// The keys are held on the X server itself, as a user holds them: the display reads Ctrl and Shift
+// with QGuiApplication::queryKeyboardModifiers, which asks the server rather than the events.
 TEST_F(DecimalDisplayTest, CtrlAndShiftPickTheirStepsAndTheReadOutsAreZero)
 {
-    ASSERT_TRUE(HeldKeys::Available());
-    struct Case {
-        const char* name;
-        bool readOut;
-        std::vector<std::string> keys;
-        double change;
-    };
+    static XKeyboard keyboard;
+    ASSERT_TRUE(keyboard.Available());
+    struct Case { const char* name; bool readOut; std::vector<std::string> keys; double change; };
     const Case cases[] = {
         {"read-out, no key", true, {}, 0.5},
         {"read-out, Shift", true, {"Shift_L"}, 0.0},
@@ -297,10 +260,11 @@ TEST_F(DecimalDisplayTest, CtrlAndShiftPickTheirStepsAndTheReadOutsAreZero)
         SCOPED_TRACE(c.name);
         Make(decay, c.readOut ? *GetReadoutSpec() : CDecimalDisplaySpec(), 0.5);
         decay->SetValue(2.0);
-        {
-            HeldKeys held(c.keys);
-            Click(display->UpArrow(), QPoint(2, 2));
-        }
+        for (const std::string& key : c.keys)
+            keyboard.Send(key, true);
+        Click(display->UpArrow(), QPoint(2, 2));
+        for (auto key = c.keys.rbegin(); key != c.keys.rend(); ++key)
+            keyboard.Send(*key, false);
         EXPECT_NEAR(decay->Value, 2.0 + c.change, 1e-5);
         EXPECT_NEAR(Effect(AL_EAXREVERB_DECAY_TIME), 2.0 + c.change, 1e-5);
     }
@@ -313,11 +277,7 @@ TEST_F(DecimalDisplayTest, TabWalksTheFieldsAndUpAndDownStepInTheNumberAndTheArr
     decay->SetValue(2.0);
     Click(display.get(), QPoint(1, 1)); // the number's field, beside its digits
     ASSERT_TRUE(display->hasFocus());
-    struct Case {
-        Qt::Key key;
-        int field;
-        double value;
-    };
+    struct Case { Qt::Key key; int field; double value; };
     const Case cases[] = {
         {Qt::Key_Up, 0, 2.1},   {Qt::Key_Tab, 1, 2.1},  {Qt::Key_Up, 1, 2.1},  {Qt::Key_Backtab, 2, 2.1},
         {Qt::Key_Down, 2, 2.0}, {Qt::Key_Tab, 0, 2.0},  {Qt::Key_Down, 0, 1.9},
@@ -342,7 +302,7 @@ TEST_F(DecimalDisplayTest, TabWalksTheFieldsAndUpAndDownStepInTheNumberAndTheArr
     EXPECT_EQ(display->FocusField(), -1);
 }
 
-TEST_F(DecimalDisplayTest, TypingInPlaceCommitsWhatAtofReadsWhenTheEditCloses)
+TEST_F(DecimalDisplayTest, TypingInPlaceCommitsWhatAtofReadsAndEnterNeverReachesTheDialogsDefaultButton)
 {
     enum Close { Enter, Escape, FocusLoss };
     struct Case {
@@ -388,10 +348,8 @@ TEST_F(DecimalDisplayTest, TypingInPlaceCommitsWhatAtofReadsWhenTheEditCloses)
         EXPECT_FLOAT_EQ(Effect(AL_EAXREVERB_DENSITY), c.value);
         EXPECT_EQ(display->FocusField(), c.close == FocusLoss ? -1 : 0);
     }
-}
 
-TEST_F(DecimalDisplayTest, EnterStaysInTheDisplayAndNeverReachesTheDialogsDefaultButton)
-{
+    // Enter stays in the display and never reaches the dialog's default button.
     QDialog dialog;
     dialog.setGeometry(300, 300, 200, 100);
     QPushButton ok(QStringLiteral("OK"), &dialog);
@@ -419,15 +377,9 @@ TEST_F(DecimalDisplayTest, EnterStaysInTheDisplayAndNeverReachesTheDialogsDefaul
     display.reset();
 }
 
-TEST_F(DecimalDisplayTest, ASpunDigitCountsAsOnPaperAndFollowsTheTextsLength)
+TEST_F(DecimalDisplayTest, ASpunDigitCountsAsOnPaperFollowsTheTextsLengthLightsAndReachesTheEngine)
 {
-    struct Case {
-        float start;
-        int digit;
-        bool up;
-        float value;
-        int digitAfter;
-    };
+    struct Case { float start; int digit; bool up; float value; int digitAfter; };
     const Case cases[] = {
         {1.00f, 3, false, 0.99f, 3},  {0.00f, 3, false, -0.01f, 3}, {-0.01f, 3, false, -0.02f, 3},
         {-0.01f, 3, true, 0.00f, 3},  {9.99f, 3, true, 10.00f, 4},  {10.00f, 4, false, 9.99f, 3},
@@ -444,10 +396,8 @@ TEST_F(DecimalDisplayTest, ASpunDigitCountsAsOnPaperAndFollowsTheTextsLength)
         EXPECT_EQ(display->SpinDigit(), c.digitAfter);
         EXPECT_TRUE(display->SpinDigitRect().isEmpty());
     }
-}
 
-TEST_F(DecimalDisplayTest, ThePressedDigitLightsAndItsSpinReachesTheEngine)
-{
+    // The pressed digit lights, and its spin reaches the engine.
     CEFXFloatValObs* decay = Decay();
     Make(decay, TwoPlaces(), 0.1);
     decay->SetValue(1.0);
@@ -549,7 +499,7 @@ TEST_F(DecimalDisplayTest, ADisplayThatTakesNoInputIgnoresAllButStillFollowsTheV
     EXPECT_NE(display->grab().toImage(), before);
 }
 
-TEST_F(DecimalDisplayTest, TheReadOutLightsWhileItsKnobIsPressed)
+TEST_F(DecimalDisplayTest, TheReadOutLightsWhileItsKnobIsPressedAndItsAccessibleValueSetsAsTypingDoes)
 {
     CEFXFloatValObs* decay = Decay();
     Make(decay, *GetReadoutSpec(), 0.1);
@@ -559,11 +509,8 @@ TEST_F(DecimalDisplayTest, TheReadOutLightsWhileItsKnobIsPressed)
     EXPECT_EQ(look.highlightColour, GetReadoutSpec()->textColour);
     decay->NotifyObservers(kHintReleased, 0);
     EXPECT_EQ(look.textColour, GetReadoutSpec()->textColour);
-}
 
-TEST_F(DecimalDisplayTest, TheAccessibleValueReadsTheRangeAndStepAndSetsAsTypingDoes)
-{
-    CEFXFloatValObs* decay = Decay();
+    // The accessible value reads the range and the step, and sets as typing does.
     Make<CFloatDecimalDisplay>(decay, *GetReadoutSpec(), 0.25);
     decay->SetValue(2.0);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(display.get());

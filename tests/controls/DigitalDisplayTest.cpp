@@ -59,12 +59,8 @@ QImage Text(const QString& text, QRect rect = QRect(10, 5, 100, 30), QSize size 
     return image;
 }
 
-struct SegmentCase {
-    CDigitalDisplay::SegmentDirection direction;
-    const char* name;
-    QPoint next;
-    QRect ink; // with the outline of the pen of width 1
-};
+// A segment's direction and name, the start of the next one, and its ink with the pen's outline of 1.
+struct SegmentCase { CDigitalDisplay::SegmentDirection direction; const char* name; QPoint next; QRect ink; };
 
 TEST(DigitalDisplaySegment, PolygonsAndTheirEndPoints)
 {
@@ -79,29 +75,24 @@ TEST(DigitalDisplaySegment, PolygonsAndTheirEndPoints)
     const CDigitalDisplay display;
     for (const SegmentCase& c : cases) {
         SCOPED_TRACE(c.name);
-        QImage image = Paper(QSize(60, 60));
-        QPainter painter(&image);
-        painter.setPen(ControlPen(3));
-        painter.setBrush(ControlBrush(3));
-        QPoint next;
-        display.DrawSegment(next, QPoint(30, 30), c.direction, &painter, true);
-        painter.end();
-        EXPECT_EQ(next, c.next);
-        EXPECT_EQ(Ink(image), c.ink);
-
-        QImage hidden = Paper(QSize(60, 60));
-        QPainter hiddenPainter(&hidden);
-        QPoint hiddenNext;
-        display.DrawSegment(hiddenNext, QPoint(30, 30), c.direction, &hiddenPainter, false);
-        EXPECT_EQ(hiddenNext, c.next);
-        EXPECT_TRUE(Ink(hidden).isNull());
+        for (bool shown : {true, false}) {
+            QImage image = Paper(QSize(60, 60));
+            QPainter painter(&image);
+            painter.setPen(ControlPen(3));
+            painter.setBrush(ControlBrush(3));
+            QPoint next;
+            display.DrawSegment(next, QPoint(30, 30), c.direction, &painter, shown);
+            painter.end();
+            EXPECT_EQ(next, c.next) << shown;
+            EXPECT_EQ(Ink(image), shown ? c.ink : QRect()) << shown; // a hidden segment leaves no ink
+        }
     }
     QPoint longer;
     display.DrawSegment(longer, QPoint(30, 30), CDigitalDisplay::SegmentDown, nullptr, false, 10);
     EXPECT_EQ(longer, QPoint(32, 42));
 }
 
-TEST(DigitalDisplayDigits, EachDigitLightsItsSegments)
+TEST(DigitalDisplayDigits, EachDigitLightsItsSegmentsOneFourAndSevenLongerOnes)
 {
     // A pixel in the middle of each segment, from the cell's top left: a top, b upper right,
     // c lower right, d bottom, e lower left, f upper left, g middle.
@@ -118,11 +109,7 @@ TEST(DigitalDisplayDigits, EachDigitLightsItsSegments)
         // Every digit stands in the same cell.
         EXPECT_TRUE(QRect(origin, QSize(13, 23)).contains(Ink(image))) << digit;
     }
-}
 
-TEST(DigitalDisplayDigits, LongerSegmentsOfOneFourAndSeven)
-{
-    const QPoint origin(10, 5);
     // 1 and the upper halves of 4 reach the top row and, for 1 and 4, the bottom row of the cell.
     for (const char* text : {"1", "4"}) {
         const QRect ink = Ink(Text(text));
@@ -159,17 +146,14 @@ TEST(DigitalDisplayText, PointAdvancesTheNextDigit)
     EXPECT_EQ(Ink(point), QRect(pointX, 5 + display.DotDrop, display.DotSize, display.DotSize));
 }
 
-TEST(DigitalDisplayText, NonDigitsDrawAsZeroInTheDigitColour)
+TEST(DigitalDisplayText, NonDigitsDrawAsZeroInTheDigitColourAndDrawingStaysInsideTheRectangle)
 {
     const QImage zero = Text("0");
     EXPECT_EQ(Text("-"), zero);
     EXPECT_EQ(Text(" "), zero);
     EXPECT_EQ(Text("1x"), Text("10"));
     EXPECT_EQ(zero.pixel(16, 5), ControlColour(3).rgb()); // the top segment, dark blue
-}
 
-TEST(DigitalDisplayText, DrawingStaysInsideTheRectangle)
-{
     // Room for one digit and a half: the second 8 is cut at the rectangle's right edge.
     const QRect rect(10, 5, 28, 30);
     const QImage image = Text("88", rect);

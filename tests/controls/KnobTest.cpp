@@ -116,11 +116,7 @@ TEST_F(KnobTest, TheCursorHidesDuringTheDragAndStandsOnTheKnobsCentreAfterTheRel
 // Gestures that must leave the value, and so the engine, as they were.
 TEST_F(KnobTest, GesturesWithoutTravelLeaveTheValueAsItWas)
 {
-    struct Gesture {
-        const char* name;
-        QEvent::Type press;
-        Qt::MouseButton button;
-    };
+    struct Gesture { const char* name; QEvent::Type press; Qt::MouseButton button; };
     const Gesture gestures[] = {
         {"press and release without a move", QEvent::MouseButtonPress, Qt::LeftButton},
         {"right press", QEvent::MouseButtonPress, Qt::RightButton},
@@ -198,20 +194,9 @@ protected:
         window.show();
     }
 
-    void Make(bool vertical)
-    {
-        CFaderSpec spec;
-        spec.vertical = vertical;
-        fader.SetSpec(spec);
-        fader.SetConverter(&converter);
-        value.AddObserver(&fader, 1);
-        fader.Create(&window, QPoint(20, 20), 77);
-    }
-
     QWidget window;
     CEFXFloatValObs value;
     CConvertNumericToLinearRange converter;
-    CFader fader;
 };
 
 TEST_F(FaderTest, OnlyAPressOnTheThumbDragsAndTheValueRisesUpAndRight)

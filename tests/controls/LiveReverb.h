@@ -1,7 +1,7 @@
 #pragma once
 
-// A started bridge over OpenAL Soft's null output with an EAX reverb loaded in slot 0, and a look at
-// that reverb with OpenAL's own calls; plus the mouse and key gestures of the controls' suites.
+// A started bridge over OpenAL Soft's null output with an EAX reverb loaded in slot 0 (the bridge
+// fixture's Effect reads it with OpenAL's own calls); plus the mouse gestures of the controls' suites.
 
 #include "tests/values/BridgeTestSupport.h"
 
@@ -23,15 +23,6 @@ protected:
         BridgeTest::SetUp();
         ASSERT_EQ(bridge->CreateSlot(), 0u);
         ASSERT_EQ(bridge->LoadSlotEffect(0, kEffectEAXReverb), 1);
-        getEffectf = reinterpret_cast<LPALGETEFFECTF>(alGetProcAddress("alGetEffectf"));
-    }
-
-    // What OpenAL Soft holds for a property of the slot's reverb.
-    float Effect(ALenum token) const
-    {
-        float value = -1.0f;
-        getEffectf(spy.lastEffect, token, &value);
-        return value;
     }
 
     // The bridge's decay value, bound as a panel binds it.
@@ -41,8 +32,6 @@ protected:
         bridge_test::Bind(decay, low, high, 5, 0, kDecayParam);
         return decay;
     }
-
-    LPALGETEFFECTF getEffectf = nullptr;
 };
 
 // A mouse event sent straight to a widget, in its own coordinates.

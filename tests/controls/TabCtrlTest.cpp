@@ -118,6 +118,7 @@ TEST_F(TabCtrlTest, TextIsBlueWhenSelectedRedWhenDisabledAndLightBlueUnderTheMou
     EXPECT_FALSE(tabs->MouseOver);
 }
 
+// Last, as it leaves the pointer over a tab.
 TEST_F(TabCtrlTest, WithoutAHoverColourMovesSetNoTimer)
 {
     QTest::mouseMove(tabs, tabs->tabRect(1).center());

@@ -29,10 +29,7 @@ constexpr int kButtonId = 1001;
 
 // What a button sends, and when, in milliseconds after the press.
 struct RecordingOwner : TalmeButtonOwner {
-    struct Call {
-        bool repeat;
-        qint64 at;
-    };
+    struct Call { bool repeat; qint64 at; };
     void OnButtonCommand(int controlId) override { Record(controlId, false); }
     void OnButtonRepeat(int controlId) override { Record(controlId, true); }
     void Record(int controlId, bool repeat)
@@ -80,8 +77,7 @@ protected:
         return image;
     }
 
-    const QPoint inside{5, 5};
-    const QPoint outside{60, 60};
+    const QPoint inside{5, 5}, outside{60, 60};
     CountingWindow window;
     QLineEdit* other = nullptr;
     CTalmeButton* button = nullptr;
@@ -90,12 +86,7 @@ protected:
 
 TEST_F(TalmeButtonTest, AHeldAutoRepeatButtonSendsAtThePressThenEveryQuarterSecondUntilTheRelease)
 {
-    struct Case {
-        const char* name;
-        int holdMilliseconds;
-        bool leaveWhileHeld;
-        std::size_t calls;
-    };
+    struct Case { const char* name; int holdMilliseconds; bool leaveWhileHeld; std::size_t calls; };
     // Half a period past the fourth repeat, so that timer jitter cannot add or drop one.
     const Case cases[] = {
         {"a click: one command, at the press", 0, false, 1},
@@ -172,11 +163,7 @@ TEST_F(TalmeButtonTest, ADisabledButtonKeepsThePressAndSendsNothing)
 
 TEST_F(TalmeButtonTest, AToggleFlipsOnlyWhenReleasedInside)
 {
-    struct Case {
-        QPoint release;
-        bool toggled;
-        std::size_t calls;
-    };
+    struct Case { QPoint release; bool toggled; std::size_t calls; };
     const Case cases[] = {{inside, true, 1}, {outside, true, 1}, {inside, false, 2}, {outside, false, 2}};
     button->SetToggle(true);
     for (const Case& c : cases) {
@@ -218,8 +205,7 @@ TEST_F(TalmeButtonTest, TextModeDrawsTheStatesFillAndAnEdgeSunkenWhenPressed)
 {
     struct Case {
         const char* name;
-        bool pressed;
-        bool disabled;
+        bool pressed, disabled;
         int corner; // colour of the outer edge's upper left pixel
         int fill;
     };
