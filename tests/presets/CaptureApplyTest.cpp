@@ -6,6 +6,7 @@
 #include "engine/EFX_EffectSlot.h"
 #include "engine/ProcAddress.h"
 #include "presets/ByteOrder.h"
+#include "presets/Millibels.h"
 #include "presets/PresetCapture.h"
 #include "presets/PresetLookups.h"
 #include "presets/SlotProperty.h"
@@ -27,13 +28,13 @@ class EffectCallSpy {
 public:
     EffectCallSpy()
     {
-        Self() = this;
+        s_self = this;
         efx_proc::SetResolver(&Resolve);
     }
     ~EffectCallSpy()
     {
         efx_proc::SetResolver(nullptr);
-        Self() = nullptr;
+        s_self = nullptr;
     }
     void Clear()
     {
@@ -45,61 +46,26 @@ public:
     std::vector<ALenum> gets;
 
 private:
-    static EffectCallSpy*& Self()
+    inline static EffectCallSpy* s_self = nullptr;
+    // The six entry points it sees through: the three setters, then the three getters.
+    static constexpr const char* kNames[] = {"alEffecti",    "alEffectf",    "alEffectfv",
+                                             "alGetEffecti", "alGetEffectf", "alGetEffectfv"};
+    template <int N, typename Value>
+    static void AL_APIENTRY Call(ALuint effect, ALenum token, Value value)
     {
-        static EffectCallSpy* self = nullptr;
-        return self;
-    }
-    template <typename F>
-    static F Real(const char* name)
-    {
-        return reinterpret_cast<F>(alGetProcAddress(name));
-    }
-    static void AL_APIENTRY Effecti(ALuint e, ALenum p, ALint v)
-    {
-        Self()->sets.push_back(p);
-        Real<LPALEFFECTI>("alEffecti")(e, p, v);
-    }
-    static void AL_APIENTRY Effectf(ALuint e, ALenum p, ALfloat v)
-    {
-        Self()->sets.push_back(p);
-        Real<LPALEFFECTF>("alEffectf")(e, p, v);
-    }
-    static void AL_APIENTRY Effectfv(ALuint e, ALenum p, const ALfloat* v)
-    {
-        Self()->sets.push_back(p);
-        Real<LPALEFFECTFV>("alEffectfv")(e, p, v);
-    }
-    static void AL_APIENTRY GetEffecti(ALuint e, ALenum p, ALint* v)
-    {
-        Self()->gets.push_back(p);
-        Real<LPALGETEFFECTI>("alGetEffecti")(e, p, v);
-    }
-    static void AL_APIENTRY GetEffectf(ALuint e, ALenum p, ALfloat* v)
-    {
-        Self()->gets.push_back(p);
-        Real<LPALGETEFFECTF>("alGetEffectf")(e, p, v);
-    }
-    static void AL_APIENTRY GetEffectfv(ALuint e, ALenum p, ALfloat* v)
-    {
-        Self()->gets.push_back(p);
-        Real<LPALGETEFFECTFV>("alGetEffectfv")(e, p, v);
+        (N < 3 ? s_self->sets : s_self->gets).push_back(token);
+        using Real = void(AL_APIENTRY*)(ALuint, ALenum, Value);
+        reinterpret_cast<Real>(alGetProcAddress(kNames[N]))(effect, token, value);
     }
     static void* Resolve(const char* name)
     {
-        const std::string n = name;
-        if (n == "alEffecti")
-            return reinterpret_cast<void*>(&Effecti);
-        if (n == "alEffectf")
-            return reinterpret_cast<void*>(&Effectf);
-        if (n == "alEffectfv")
-            return reinterpret_cast<void*>(&Effectfv);
-        if (n == "alGetEffecti")
-            return reinterpret_cast<void*>(&GetEffecti);
-        if (n == "alGetEffectf")
-            return reinterpret_cast<void*>(&GetEffectf);
-        if (n == "alGetEffectfv")
-            return reinterpret_cast<void*>(&GetEffectfv);
+        void* const calls[] = {
+            reinterpret_cast<void*>(&Call<0, ALint>),    reinterpret_cast<void*>(&Call<1, ALfloat>),
+            reinterpret_cast<void*>(&Call<2, const ALfloat*>), reinterpret_cast<void*>(&Call<3, ALint*>),
+            reinterpret_cast<void*>(&Call<4, ALfloat*>), reinterpret_cast<void*>(&Call<5, ALfloat*>)};
+        for (int n = 0; n < 6; ++n)
+            if (std::string(name) == kNames[n])
+                return calls[n];
         return alGetProcAddress(name);
     }
 };
@@ -152,31 +118,14 @@ protected:
         m_slot->ClearLog();
         ApplyPreset(*m_factory, 0, guid, record.data(), static_cast<std::uint32_t>(record.size()));
     }
-    float GetF(int (EFX_EffectSlot::*get)(float*))
-    {
-        float value = -999.0f;
-        EXPECT_EQ((m_slot->*get)(&value), 1) << m_slot->GetLog();
-        return value;
-    }
-    int GetI(int (EFX_EffectSlot::*get)(int*))
-    {
-        int value = -999;
-        EXPECT_EQ((m_slot->*get)(&value), 1) << m_slot->GetLog();
-        return value;
-    }
-    std::vector<float> GetV(int (EFX_EffectSlot::*get)(float*))
-    {
-        std::vector<float> value(3, -999.0f);
-        EXPECT_EQ((m_slot->*get)(value.data()), 1) << m_slot->GetLog();
-        return value;
-    }
-
     EffectCallSpy m_spy; // in place before the slot resolves its entry points
     std::unique_ptr<CountingFactory> m_factory;
     EFX_EffectSlot* m_slot = nullptr;
 };
 
 using S = EFX_EffectSlot;
+using engine_test::Got;
+using engine_test::Got3;
 
 namespace sp = slot_property;
 
@@ -193,9 +142,8 @@ struct RoundTrip {
     int type;
     std::vector<Field> fields; // in the order of the getter and setter calls
     Bytes record;
+    const char* refused = nullptr; // a property that applying refuses, and the slot's log names
 };
-
-const Bytes kMinus602 = Le32(static_cast<std::uint32_t>(-602));
 
 const RoundTrip kRoundTrips[] = {
     {"echo: floats go over unchanged", kEffectEcho,
@@ -211,19 +159,19 @@ const RoundTrip kRoundTrips[] = {
     {"chorus: the waveform applies", kEffectChorus,
      {{sp::kChorusWaveform, 0, 0}, {sp::kChorusPhase, -45, -45}, {sp::kChorusRate, 2.5f, 2.5f},
       {sp::kChorusDepth, 0.3f, 0.3f}, {sp::kChorusFeedback, -0.5f, -0.5f}, {sp::kChorusDelay, 0.01f, 0.01f}},
-     Cat({Le32(0), Le32(static_cast<std::uint32_t>(-45)), F32(2.5f), F32(0.3f), F32(-0.5f), F32(0.01f)})},
+     Cat({Le32(0), I32(-45), F32(2.5f), F32(0.3f), F32(-0.5f), F32(0.01f)})},
     {"distortion: the gain is a level", kEffectDistortion,
      {{sp::kDistortionEdge, 0.5f, 0.5f}, {sp::kDistortionGain, 0.5f, 0.5000345f, 1e-6f},
       {sp::kDistortionLowpassCutoff, 5000, 5000}, {sp::kDistortionEqcenter, 2000, 2000},
       {sp::kDistortionEqbandwidth, 1000, 1000}},
-     Cat({F32(0.5f), kMinus602, F32(5000.0f), F32(2000.0f), F32(1000.0f)})},
+     Cat({F32(0.5f), I32(-602), F32(5000.0f), F32(2000.0f), F32(1000.0f)})},
     {"equalizer: its four gains are read and set first", kEffectEqualizer,
      {{sp::kEqualizerLowGain, 0.5f, 0.5000345f, 1e-6f}, {sp::kEqualizerMid1Gain, 2.0f, 1.9998618f, 1e-6f},
       {sp::kEqualizerMid2Gain, 0.25f, 0.2500345f, 1e-6f}, {sp::kEqualizerHighGain, 4.0f, 3.9994476f, 1e-5f},
       {sp::kEqualizerLowCutoff, 100, 100}, {sp::kEqualizerMid1Center, 400, 400},
       {sp::kEqualizerMid1Width, 0.5f, 0.5f}, {sp::kEqualizerMid2Center, 2000, 2000},
       {sp::kEqualizerMid2Width, 0.75f, 0.75f}, {sp::kEqualizerHighCutoff, 8000, 8000}},
-     Cat({kMinus602, F32(100.0f), Le32(602), F32(400.0f), F32(0.5f), Le32(static_cast<std::uint32_t>(-1204)),
+     Cat({I32(-602), F32(100.0f), Le32(602), F32(400.0f), F32(0.5f), I32(-1204),
           F32(2000.0f), F32(0.75f), Le32(1204), F32(8000.0f)})},
     {"frequency shifter", kEffectFrequencyShifter,
      {{sp::kFrequencyShifterFrequency, 100, 100}, {sp::kFrequencyShifterLeftDirection, 1, 1},
@@ -231,14 +179,37 @@ const RoundTrip kRoundTrips[] = {
      Cat({F32(100.0f), Le32(1), Le32(2)})},
     {"pitch shifter", kEffectPitchShifter,
      {{sp::kPitchShifterCoarseTune, -5, -5}, {sp::kPitchShifterFineTune, 30, 30}},
-     Cat({Le32(static_cast<std::uint32_t>(-5)), Le32(30)})},
+     Cat({I32(-5), Le32(30)})},
     {"ring modulator", kEffectRingModulator,
      {{sp::kRingModulatorFrequency, 1000, 1000}, {sp::kRingModulatorHighpassCutoff, 500, 500},
       {sp::kRingModulatorWaveform, 2, 2}},
      Cat({F32(1000.0f), F32(500.0f), Le32(2)})},
+    // The air absorption's level is kept as a float (GainToMillibels(0.95) is -44.5528, see the
+    // Millibels suite); the high frequency limit is off, away from its default.
+    {"reverb: levels pass through the one millibel scale", kEffectReverb,
+     {{sp::kReverbDensity, 0.5f, 0.5f}, {sp::kReverbDiffusion, 0.6f, 0.6f},
+      {sp::kReverbGain, 0.5f, 0.5000345f, 1e-6f}, {sp::kReverbGainhf, 0.25f, 0.2500345f, 1e-6f},
+      {sp::kReverbDecayTime, 2.5f, 2.5f}, {sp::kReverbDecayHfratio, 1.5f, 1.5f},
+      {sp::kReverbReflectionsGain, 2.0f, 1.9998618f, 1e-6f}, {sp::kReverbReflectionsDelay, 0.05f, 0.05f},
+      {sp::kReverbLateReverbGain, 0.1f, 0.1f, 1e-7f}, {sp::kReverbLateReverbDelay, 0.02f, 0.02f},
+      {sp::kReverbAirAbsorptionGainhf, 0.95f, 0.95f, 1e-6f}, {sp::kReverbRoomRolloffFactor, 2.0f, 2.0f},
+      {sp::kReverbDecayHflimit, 0, 0}},
+     Cat({F32(0.5f), F32(0.6f), I32(-602), I32(-1204), F32(2.5f), F32(1.5f), Le32(602), F32(0.05f), I32(-2000),
+          F32(0.02f), F32(GainToMillibels(0.95f)), F32(2.0f), Le32(0)})},
+    // The flanger's waveform setter is still called on applying; OpenAL refuses it, the slot keeps its
+    // default triangle (1) and the log says which property failed.
+    {"flanger: the waveform stays as the slot has it", kEffectFlanger,
+     {{sp::kFlangerWaveform, 0, 1}, {sp::kFlangerPhase, 45, 45}, {sp::kFlangerRate, 1.5f, 1.5f},
+      {sp::kFlangerDepth, 0.5f, 0.5f}, {sp::kFlangerFeedback, 0.3f, 0.3f}, {sp::kFlangerDelay, 0.003f, 0.003f}},
+     Cat({Le32(0), Le32(45), F32(1.5f), F32(0.5f), F32(0.3f), F32(0.003f)}), "AL_FLANGER_WAVEFORM"},
+    {"vocal morpher, where the library takes it", kEffectVocalMorpher,
+     {{sp::kVocalMorpherPhonemea, 5, 5}, {sp::kVocalMorpherPhonemeaCoarseTuning, -3, -3},
+      {sp::kVocalMorpherPhonemeb, 12, 12}, {sp::kVocalMorpherPhonemebCoarseTuning, 4, 4},
+      {sp::kVocalMorpherWaveform, 1, 1}, {sp::kVocalMorpherRate, 3.0f, 3.0f}},
+     Cat({Le32(5), I32(-3), Le32(12), Le32(4), Le32(1), F32(3.0f)})},
 };
 
-SlotValue ValueOf(const SlotAccessor& property, float number)
+SlotValue ValueOf(float number)
 {
     SlotValue value;
     value.f[0] = number;
@@ -252,10 +223,12 @@ TEST_F(CaptureApply, EffectsGoOverAndBackOneCallAndOneSlotPerField)
 {
     for (const RoundTrip& trip : kRoundTrips) {
         SCOPED_TRACE(trip.name);
+        if (trip.type == kEffectVocalMorpher && !engine_test::LibraryTakesEffect(AL_EFFECT_VOCAL_MORPHER))
+            continue; // see VocalMorpherTheLibraryRefusesCapturesZeros
         Load(trip.type);
         std::vector<ALenum> tokens;
         for (const Field& field : trip.fields) {
-            ASSERT_EQ(SetSlotProperty(*m_slot, field.property, ValueOf(field.property, field.set)), 1);
+            ASSERT_EQ(SetSlotProperty(*m_slot, field.property, ValueOf(field.set)), 1);
             tokens.push_back(field.property.token);
         }
         const Bytes record = Capture(trip.type);
@@ -268,6 +241,11 @@ TEST_F(CaptureApply, EffectsGoOverAndBackOneCallAndOneSlotPerField)
         Apply(trip.type, record);
         EXPECT_EQ(m_factory->takes, static_cast<int>(trip.fields.size()));
         EXPECT_EQ(m_spy.sets, tokens);
+        // No setter is refused, or only the one the trip names, and the log says so.
+        const std::string refusal =
+            trip.refused ? std::string("Error setting ") + trip.refused + " in EFX Effect object" : "Error setting";
+        EXPECT_EQ(std::string(m_slot->GetLog()).find(refusal) != std::string::npos, trip.refused != nullptr)
+            << m_slot->GetLog();
         for (const Field& field : trip.fields) {
             SlotValue value;
             ASSERT_EQ(GetSlotProperty(*m_slot, field.property, value), 1);
@@ -275,50 +253,6 @@ TEST_F(CaptureApply, EffectsGoOverAndBackOneCallAndOneSlotPerField)
             EXPECT_NEAR(back, field.back, field.tolerance) << field.property.token;
         }
     }
-}
-
-TEST_F(CaptureApply, ReverbLevelsPassThroughTheOneMillibelScale)
-{
-    Load(kEffectReverb);
-    m_slot->SetReverbDensity(0.5f);
-    m_slot->SetReverbDiffusion(0.6f);
-    m_slot->SetReverbGain(0.5f);
-    m_slot->SetReverbGainhf(0.25f);
-    m_slot->SetReverbDecayTime(2.5f);
-    m_slot->SetReverbDecayHfratio(1.5f);
-    m_slot->SetReverbReflectionsGain(2.0f);
-    m_slot->SetReverbReflectionsDelay(0.05f);
-    m_slot->SetReverbLateReverbGain(0.1f);
-    m_slot->SetReverbLateReverbDelay(0.02f);
-    m_slot->SetReverbAirAbsorptionGainhf(0.95f);
-    m_slot->SetReverbRoomRolloffFactor(2.0f);
-    m_slot->SetReverbDecayHflimit(0);
-    const Bytes record = Capture(kEffectReverb);
-    ASSERT_EQ(record.size(), 52u);
-    EXPECT_EQ(LoadLEF32(&record[0]), 0.5f);
-    EXPECT_EQ(LoadLEI32(&record[8]), -602);
-    EXPECT_EQ(LoadLEI32(&record[12]), -1204);
-    EXPECT_EQ(LoadLEI32(&record[24]), 602);
-    EXPECT_EQ(LoadLEI32(&record[32]), -2000);
-    EXPECT_NEAR(LoadLEF32(&record[40]), -44.5528f, 0.001f);
-    EXPECT_EQ(LoadLEI32(&record[48]), 0);
-
-    m_slot->SetReverbDefaults();
-    Apply(kEffectReverb, record);
-    EXPECT_EQ(m_factory->takes, 13);
-    EXPECT_EQ(GetF(&S::GetReverbDensity), 0.5f);
-    EXPECT_EQ(GetF(&S::GetReverbDiffusion), 0.6f);
-    EXPECT_NEAR(GetF(&S::GetReverbGain), 0.5000345f, 1e-6f);
-    EXPECT_NEAR(GetF(&S::GetReverbGainhf), 0.2500345f, 1e-6f);
-    EXPECT_EQ(GetF(&S::GetReverbDecayTime), 2.5f);
-    EXPECT_EQ(GetF(&S::GetReverbDecayHfratio), 1.5f);
-    EXPECT_NEAR(GetF(&S::GetReverbReflectionsGain), 1.9998618f, 1e-6f);
-    EXPECT_EQ(GetF(&S::GetReverbReflectionsDelay), 0.05f);
-    EXPECT_NEAR(GetF(&S::GetReverbLateReverbGain), 0.1f, 1e-7f);
-    EXPECT_EQ(GetF(&S::GetReverbLateReverbDelay), 0.02f);
-    EXPECT_NEAR(GetF(&S::GetReverbAirAbsorptionGainhf), 0.95f, 1e-6f);
-    EXPECT_EQ(GetF(&S::GetReverbRoomRolloffFactor), 2.0f);
-    EXPECT_EQ(GetI(&S::GetReverbDecayHflimit), 0);
 }
 
 TEST_F(CaptureApply, EAXReverbGoesThroughRoomSizeAndLeavesThePansAsCaptureLeftThem)
@@ -383,74 +317,33 @@ TEST_F(CaptureApply, EAXReverbGoesThroughRoomSizeAndLeavesThePansAsCaptureLeftTh
                                    AL_EAXREVERB_MODULATION_DEPTH, AL_EAXREVERB_AIR_ABSORPTION_GAINHF,
                                    AL_EAXREVERB_HFREFERENCE, AL_EAXREVERB_LFREFERENCE,
                                    AL_EAXREVERB_ROOM_ROLLOFF_FACTOR, AL_EAXREVERB_DECAY_HFLIMIT}));
-    EXPECT_NEAR(GetF(&S::GetEAXReverbDensity), 0.49896136f, 1e-6f);
-    EXPECT_EQ(GetF(&S::GetEAXReverbDiffusion), 0.7f);
-    EXPECT_NEAR(GetF(&S::GetEAXReverbGain), 0.5000345f, 1e-6f);
-    EXPECT_NEAR(GetF(&S::GetEAXReverbGainhf), 0.2500345f, 1e-6f);
-    EXPECT_NEAR(GetF(&S::GetEAXReverbGainlf), 0.5000345f, 1e-6f);
-    EXPECT_EQ(GetF(&S::GetEAXReverbDecayTime), 3.0f);
-    EXPECT_EQ(GetF(&S::GetEAXReverbDecayLfratio), 0.75f);
-    EXPECT_NEAR(GetF(&S::GetEAXReverbReflectionsGain), 1.9998618f, 1e-6f);
-    EXPECT_EQ(GetV(&S::GetEAXReverbReflectionsPan), (std::vector<float>{0.0f, 0.0f, 0.0f}));
-    EXPECT_NEAR(GetF(&S::GetEAXReverbLateReverbGain), 0.1f, 1e-7f);
-    EXPECT_EQ(GetV(&S::GetEAXReverbLateReverbPan), (std::vector<float>{0.3f, 0.0f, 0.0f}));
-    EXPECT_EQ(GetF(&S::GetEAXReverbEchoTime), 0.25f);
-    EXPECT_EQ(GetF(&S::GetEAXReverbModulationTime), 1.5f);
-    EXPECT_NEAR(GetF(&S::GetEAXReverbAirAbsorptionGainhf), 0.95f, 1e-6f);
-    EXPECT_EQ(GetF(&S::GetEAXReverbHfreference), 4000.0f);
-    EXPECT_EQ(GetF(&S::GetEAXReverbRoomRolloffFactor), 1.5f);
-    EXPECT_EQ(GetI(&S::GetEAXReverbDecayHflimit), 0);
+    EXPECT_NEAR(Got(*m_slot, &S::GetEAXReverbDensity), 0.49896136f, 1e-6f);
+    EXPECT_EQ(Got(*m_slot, &S::GetEAXReverbDiffusion), 0.7f);
+    EXPECT_NEAR(Got(*m_slot, &S::GetEAXReverbGain), 0.5000345f, 1e-6f);
+    EXPECT_NEAR(Got(*m_slot, &S::GetEAXReverbGainhf), 0.2500345f, 1e-6f);
+    EXPECT_NEAR(Got(*m_slot, &S::GetEAXReverbGainlf), 0.5000345f, 1e-6f);
+    EXPECT_EQ(Got(*m_slot, &S::GetEAXReverbDecayTime), 3.0f);
+    EXPECT_EQ(Got(*m_slot, &S::GetEAXReverbDecayLfratio), 0.75f);
+    EXPECT_NEAR(Got(*m_slot, &S::GetEAXReverbReflectionsGain), 1.9998618f, 1e-6f);
+    EXPECT_EQ(Got3(*m_slot, &S::GetEAXReverbReflectionsPan), (std::array<float, 3>{0.0f, 0.0f, 0.0f}));
+    EXPECT_NEAR(Got(*m_slot, &S::GetEAXReverbLateReverbGain), 0.1f, 1e-7f);
+    EXPECT_EQ(Got3(*m_slot, &S::GetEAXReverbLateReverbPan), (std::array<float, 3>{0.3f, 0.0f, 0.0f}));
+    EXPECT_EQ(Got(*m_slot, &S::GetEAXReverbEchoTime), 0.25f);
+    EXPECT_EQ(Got(*m_slot, &S::GetEAXReverbModulationTime), 1.5f);
+    EXPECT_NEAR(Got(*m_slot, &S::GetEAXReverbAirAbsorptionGainhf), 0.95f, 1e-6f);
+    EXPECT_EQ(Got(*m_slot, &S::GetEAXReverbHfreference), 4000.0f);
+    EXPECT_EQ(Got(*m_slot, &S::GetEAXReverbRoomRolloffFactor), 1.5f);
+    EXPECT_EQ(Got(*m_slot, &S::GetEAXReverbDecayHflimit), 0);
 }
 
-TEST_F(CaptureApply, FlangerKeepsTheSlotsWaveformAndLogsTheRefusal)
+// OpenAL Soft 1.19 refuses the vocal morpher: each of its six getters is still called, and fails.
+TEST_F(CaptureApply, VocalMorpherTheLibraryRefusesCapturesZeros)
 {
-    Load(kEffectFlanger);
-    m_slot->SetFlangerWaveform(0);
-    m_slot->SetFlangerPhase(45);
-    m_slot->SetFlangerRate(1.5f);
-    m_slot->SetFlangerDepth(0.5f);
-    m_slot->SetFlangerFeedback(0.3f);
-    m_slot->SetFlangerDelay(0.003f);
-    const Bytes record = Capture(kEffectFlanger);
-    EXPECT_EQ(record, Cat({Le32(0), Le32(45), F32(1.5f), F32(0.5f), F32(0.3f), F32(0.003f)}));
-
-    m_slot->SetFlangerDefaults();
-    ASSERT_EQ(GetI(&S::GetFlangerWaveform), 1);
-    Apply(kEffectFlanger, record);
-    EXPECT_EQ(m_spy.sets.size(), 6u) << "the waveform's setter is still called";
-    EXPECT_NE(std::string(m_slot->GetLog()).find("AL_FLANGER_WAVEFORM"), std::string::npos) << m_slot->GetLog();
-    EXPECT_EQ(GetI(&S::GetFlangerWaveform), 1);
-    EXPECT_EQ(GetI(&S::GetFlangerPhase), 45);
-    EXPECT_EQ(GetF(&S::GetFlangerRate), 1.5f);
-    EXPECT_EQ(GetF(&S::GetFlangerDepth), 0.5f);
-    EXPECT_EQ(GetF(&S::GetFlangerFeedback), 0.3f);
-    EXPECT_EQ(GetF(&S::GetFlangerDelay), 0.003f);
-}
-
-TEST_F(CaptureApply, VocalMorpherWhereTheLibraryTakesItAndZerosWhereItDoesNot)
-{
-    if (!engine_test::LibraryTakesEffect(AL_EFFECT_VOCAL_MORPHER)) {
-        EXPECT_EQ(m_slot->LoadEffect(kEffectVocalMorpher), 0);
-        const Bytes record = Capture(kEffectVocalMorpher);
-        EXPECT_EQ(record, Bytes(24, 0)) << "every getter failed";
-        EXPECT_EQ(m_spy.gets.size(), 6u);
-        return;
-    }
-    Load(kEffectVocalMorpher);
-    m_slot->SetVocalMorpherPhonemea(5);
-    m_slot->SetVocalMorpherPhonemeaCoarseTuning(-3);
-    m_slot->SetVocalMorpherPhonemeb(12);
-    m_slot->SetVocalMorpherPhonemebCoarseTuning(4);
-    m_slot->SetVocalMorpherWaveform(1);
-    m_slot->SetVocalMorpherRate(3.0f);
-    const Bytes record = Capture(kEffectVocalMorpher);
-    EXPECT_EQ(record, Cat({Le32(5), Le32(static_cast<std::uint32_t>(-3)), Le32(12), Le32(4), Le32(1), F32(3.0f)}));
-    m_slot->SetVocalMorpherDefaults();
-    Apply(kEffectVocalMorpher, record);
-    EXPECT_EQ(GetI(&S::GetVocalMorpherPhonemea), 5);
-    EXPECT_EQ(GetI(&S::GetVocalMorpherPhonemeaCoarseTuning), -3);
-    EXPECT_EQ(GetI(&S::GetVocalMorpherWaveform), 1);
-    EXPECT_EQ(GetF(&S::GetVocalMorpherRate), 3.0f);
+    if (engine_test::LibraryTakesEffect(AL_EFFECT_VOCAL_MORPHER))
+        GTEST_SKIP() << "this OpenAL Soft takes the vocal morpher: the round trips cover it";
+    EXPECT_EQ(m_slot->LoadEffect(kEffectVocalMorpher), 0);
+    EXPECT_EQ(Capture(kEffectVocalMorpher), Bytes(24, 0)) << "every getter failed";
+    EXPECT_EQ(m_spy.gets.size(), 6u);
 }
 
 TEST_F(CaptureApply, RecordSizeIsNotLookedAtLongRecordsApplyTheirFirstBytesShortOnesReadZero)
@@ -458,15 +351,15 @@ TEST_F(CaptureApply, RecordSizeIsNotLookedAtLongRecordsApplyTheirFirstBytesShort
     Load(kEffectFrequencyShifter);
     // A Vocal Morpher's 24 bytes under a Frequency Shifter identifier: the first twelve apply.
     Apply(kEffectFrequencyShifter, Cat({F32(250.0f), Le32(1), Le32(2), Bytes(12, 0xEE)}));
-    EXPECT_EQ(GetF(&S::GetFrequencyShifterFrequency), 250.0f);
-    EXPECT_EQ(GetI(&S::GetFrequencyShifterLeftDirection), 1);
-    EXPECT_EQ(GetI(&S::GetFrequencyShifterRightDirection), 2);
+    EXPECT_EQ(Got(*m_slot, &S::GetFrequencyShifterFrequency), 250.0f);
+    EXPECT_EQ(Got(*m_slot, &S::GetFrequencyShifterLeftDirection), 1);
+    EXPECT_EQ(Got(*m_slot, &S::GetFrequencyShifterRightDirection), 2);
 
     Apply(kEffectFrequencyShifter, F32(125.0f));
     EXPECT_EQ(m_spy.sets.size(), 3u);
-    EXPECT_EQ(GetF(&S::GetFrequencyShifterFrequency), 125.0f);
-    EXPECT_EQ(GetI(&S::GetFrequencyShifterLeftDirection), 0);
-    EXPECT_EQ(GetI(&S::GetFrequencyShifterRightDirection), 0);
+    EXPECT_EQ(Got(*m_slot, &S::GetFrequencyShifterFrequency), 125.0f);
+    EXPECT_EQ(Got(*m_slot, &S::GetFrequencyShifterLeftDirection), 0);
+    EXPECT_EQ(Got(*m_slot, &S::GetFrequencyShifterRightDirection), 0);
 }
 
 TEST_F(CaptureApply, UnknownIdentifierOrEmptySlotDoesNothing)
@@ -479,7 +372,7 @@ TEST_F(CaptureApply, UnknownIdentifierOrEmptySlotDoesNothing)
     ApplyPreset(*m_factory, 0, MakeGuid(1, 2, 3, {4, 5, 6, 7, 8, 9, 10, 11}), record.data(), 20);
     ApplyPreset(*m_factory, 0, kNullEffectGuid, record.data(), 20);
     EXPECT_TRUE(m_spy.sets.empty());
-    EXPECT_EQ(GetF(&S::GetEchoDelay), 0.2f);
+    EXPECT_EQ(Got(*m_slot, &S::GetEchoDelay), 0.2f);
     EXPECT_TRUE(Capture(kEffectNone).empty());
     EXPECT_EQ(m_factory->takes, 0);
 }
@@ -494,7 +387,7 @@ TEST_F(CaptureApply, RecordOfAnotherEffectRunsEverySetterAndChangesNothing)
     const std::string log = m_slot->GetLog();
     EXPECT_NE(log.find("AL_ECHO_DELAY"), std::string::npos) << log;
     EXPECT_NE(log.find("AL_ECHO_SPREAD"), std::string::npos) << log;
-    EXPECT_EQ(GetI(&S::GetCompressorOnoff), 0);
+    EXPECT_EQ(Got(*m_slot, &S::GetCompressorOnoff), 0);
 }
 
 } // namespace

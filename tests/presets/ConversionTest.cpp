@@ -151,7 +151,8 @@ TEST(EAXReverbRecord, DensityKeepsItsRoomSizeQuirks)
     EXPECT_EQ(LoadLEF32(record + 4), -10000000.0f);
 }
 
-TEST(EAXReverbRecord, OnlyBitFiveOfFlagsIsTheHighFrequencyLimit)
+// Loading reads only bit five of the flags, and the environment not at all.
+TEST(EAXReverbRecord, OnlyBitFiveOfFlagsIsTheHighFrequencyLimitAndTheEnvironmentIsNotRead)
 {
     std::uint8_t record[kEAXReverbRecordSize] = {};
     StoreLE32(record + 108, ~32u);
@@ -163,16 +164,11 @@ TEST(EAXReverbRecord, OnlyBitFiveOfFlagsIsTheHighFrequencyLimit)
     v[eax_value::kDecayHFLimit] = 0.0f;
     EFXToEAXReverb(v, record);
     EXPECT_EQ(LoadLE32(record + 108), 0u);
-}
 
-TEST(EAXReverbRecord, EnvironmentIsNotReadOnLoad)
-{
-    std::uint8_t a[kEAXReverbRecordSize] = {};
-    std::uint8_t b[kEAXReverbRecordSize] = {};
-    EFXToEAXReverb(SomeReverb(), a);
-    EFXToEAXReverb(SomeReverb(), b);
-    StoreLE32(b, 26);
-    EXPECT_EQ(EAXToEFXReverb(a), EAXToEFXReverb(b));
+    std::uint8_t other[kEAXReverbRecordSize] = {};
+    EFXToEAXReverb(v, other);
+    StoreLE32(other, 26);
+    EXPECT_EQ(EAXToEFXReverb(record), EAXToEFXReverb(other));
 }
 
 } // namespace

@@ -195,10 +195,8 @@ std::string RunCommand(const std::string& command)
 TEST(EffectCode, TheCodeOfEachEffectBuildsTheSameEffectInAProgramOfItsOwn)
 {
     engine_test::EffectSpy spy;
-    EFX_Factory::SelectDevice("");
-    std::unique_ptr<EFX_Factory> owner(EFX_Factory::Create());
+    engine_test::FactoryPtr owner = engine_test::StartFactory();
     EFX_Factory& factory = *owner;
-    ASSERT_EQ(factory.Initialize(0, 4), 1) << factory.GetLog();
     ASSERT_NE(factory.CreateEffectSlot(0), nullptr);
     const ALuint slotEffect = spy.lastEffect;
     EFX_EffectSlot* slot = factory.GetEffectSlot(0);
@@ -232,7 +230,7 @@ TEST(EffectCode, TheCodeOfEachEffectBuildsTheSameEffectInAProgramOfItsOwn)
             expected += printed;
         }
     }
-    factory.Shutdown();
+    owner.reset();
 
     engine_test::ScratchDir scratch;
     const std::string source = scratch.File("effects.cpp");

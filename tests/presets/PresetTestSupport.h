@@ -74,6 +74,12 @@ inline Bytes Le32(std::uint32_t value)
             static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 24)};
 }
 
+// A signed value, as records hold levels in millibels.
+inline Bytes I32(std::int32_t value)
+{
+    return Le32(static_cast<std::uint32_t>(value));
+}
+
 inline Bytes F32(float value)
 {
     std::uint32_t word;
