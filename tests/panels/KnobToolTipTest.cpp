@@ -40,18 +40,18 @@ TEST(KnobToolTipText, SaysTheTokenThenTheRangeAndItsUnit)
 
 class KnobToolTipTest : public bridge_test::BridgeTest {
 protected:
-    // Each knob and its read-out carry their row's tooltip; the token is one the table of units lists
-    // and, unless the library lacks the effect, one OpenAL knows.
-    void ExpectToolTips(CPot& knob, CDecimalDisplay& display, const PanelKnob& row, bool libraryKnows)
+    // A knob and its read-out carry one tooltip that opens with an AL_ token, one the table of units
+    // lists and, unless the library lacks the effect, one OpenAL knows.
+    static void ExpectToolTips(CPot& knob, CDecimalDisplay& display, bool libraryKnows = true)
     {
-        SCOPED_TRACE(row.label);
-        const QString text = knob.toolTip();
-        EXPECT_EQ(text.toStdString(), KnobToolTip(row));
-        EXPECT_EQ(display.toolTip(), text);
-        EXPECT_TRUE(text.startsWith(QStringLiteral("AL_"))) << text.toStdString();
-        EXPECT_TRUE(!libraryKnows || alGetEnumValue(row.token) != 0) << row.token;
+        const std::string text = knob.toolTip().toStdString();
+        SCOPED_TRACE(text);
+        EXPECT_EQ(display.toolTip(), knob.toolTip());
+        const std::string token = text.substr(0, text.find('\n'));
+        EXPECT_EQ(token.rfind("AL_", 0), 0u);
+        EXPECT_TRUE(!libraryKnows || alGetEnumValue(token.c_str()) != 0);
         PropertyUnit unit;
-        EXPECT_TRUE(UnitOfProperty(row.token, &unit)) << row.token;
+        EXPECT_TRUE(UnitOfProperty(token, &unit));
     }
 
     QWidget window;
@@ -66,9 +66,14 @@ TEST_F(KnobToolTipTest, EveryKnobOfTheEffectSourceAndListenerPanelsTellsItsPrope
         FXS_EffectPanel panel(*EffectPanelTableFor(type), &window, 0);
         panel.InitDialog();
         ASSERT_EQ(panel.KnobCount(), static_cast<int>(panel.Table().knobs.size()));
-        for (int r = 0; r < panel.KnobCount(); ++r)
-            ExpectToolTips(panel.Knob(r), panel.Display(r), panel.Table().knobs[r],
+        for (int r = 0; r < panel.KnobCount(); ++r) {
+            const PanelKnob& row = panel.Table().knobs[r];
+            // The effect panels' tables are open: the text is the row's, with the row's token.
+            EXPECT_EQ(panel.Knob(r).toolTip().toStdString(), KnobToolTip(row)) << row.label;
+            EXPECT_TRUE(panel.Knob(r).toolTip().startsWith(QString(row.token) + "\n")) << row.label;
+            ExpectToolTips(panel.Knob(r), panel.Display(r),
                            type != 10 || engine_test::LibraryTakesEffect(AL_EFFECT_VOCAL_MORPHER));
+        }
         if (type == 7) {
             EXPECT_EQ(panel.Knob(0).toolTip(), "AL_ECHO_DELAY\n0 to 0.207 s");
         }
@@ -80,21 +85,10 @@ TEST_F(KnobToolTipTest, EveryKnobOfTheEffectSourceAndListenerPanelsTellsItsPrope
     ContextListener_Panel listener(&window);
     listener.InitDialog();
     bridge->SetCallbacksEnabled(1);
-    // The source and listener tables are private to their panels: the token is read off the text.
-    auto expectToolTips = [](CPot& knob, CDecimalDisplay& display) {
-        const std::string text = knob.toolTip().toStdString();
-        SCOPED_TRACE(text);
-        EXPECT_EQ(display.toolTip(), knob.toolTip());
-        const std::string token = text.substr(0, text.find('\n'));
-        EXPECT_EQ(token.rfind("AL_", 0), 0u);
-        EXPECT_NE(alGetEnumValue(token.c_str()), 0);
-        PropertyUnit unit;
-        EXPECT_TRUE(UnitOfProperty(token, &unit));
-    };
     for (int r = 0; r < Source3D_Panel::kKnobs; ++r)
-        expectToolTips(*source.Knobs[r], *source.Displays[r]);
+        ExpectToolTips(*source.Knobs[r], *source.Displays[r]);
     for (int r = 0; r < ContextListener_Panel::kKnobs; ++r)
-        expectToolTips(listener.Knob(r), listener.Display(r));
+        ExpectToolTips(listener.Knob(r), listener.Display(r));
     EXPECT_EQ(source.Knob(20).toolTip(), "AL_CONE_OUTER_GAINHF\n0 to 1 (linear gain)");
     EXPECT_EQ(source.Knob(31).toolTip(), "AL_CONE_OUTER_ANGLE\n0 to 360 degrees");
     EXPECT_EQ(listener.Knob(10).toolTip(), "AL_SPEED_OF_SOUND\n0.001 to 10000 m/s");

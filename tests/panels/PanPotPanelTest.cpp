@@ -18,17 +18,19 @@ using namespace controls_test;
 
 namespace {
 
-// What the demo panel binds, in its order: the reverb's param, its minimum and maximum, its first.
+// What the demo panel binds, in its order: the placeholder, the reverb's param, its minimum and
+// maximum, its first.
 struct DemoRow {
+    int id;
     int param;
     ALenum token;
     float minimum, maximum, first;
 };
 constexpr DemoRow kDemoRows[KnobDemoPanel::kKnobs] = {
-    {0, AL_EAXREVERB_DENSITY, 0.0f, 1.0f, 0.77f},
-    {1, AL_EAXREVERB_DIFFUSION, 0.0f, 1.0f, 0.77f},
-    {2, AL_EAXREVERB_DECAY_TIME, 0.1f, 20.0f, 7.77f},
-    {3, AL_EAXREVERB_DECAY_HFRATIO, 0.1f, 2.0f, 0.77f},
+    {1017, 0, AL_EAXREVERB_DENSITY, 0.0f, 1.0f, 0.77f},
+    {1021, 1, AL_EAXREVERB_DIFFUSION, 0.0f, 1.0f, 0.77f},
+    {1023, 2, AL_EAXREVERB_DECAY_TIME, 0.1f, 20.0f, 7.77f},
+    {1026, 3, AL_EAXREVERB_DECAY_HFRATIO, 0.1f, 2.0f, 0.77f},
 };
 
 class PanPotPanelTest : public LiveReverbTest {
@@ -56,7 +58,9 @@ protected:
     std::unique_ptr<KnobDemoPanel> panel;
 };
 
-TEST_F(PanPotPanelTest, BindingWithCallbacksDisabledShowsThePlaceholdersUntilTheWriteBackAndTouchesNoEngine)
+// The knobs are bound with callbacks disabled: they stand on their placeholders, taking the number
+// and name, and show the placeholder values until the write-back, with no engine call between.
+TEST_F(PanPotPanelTest, KnobsBoundSilentlyStandOnThePlaceholdersFillOnTheWriteBackAndTheirValuesOutliveThePanel)
 {
     console.lines.clear();
     MakeDemoPanel();
@@ -72,6 +76,13 @@ TEST_F(PanPotPanelTest, BindingWithCallbacksDisabledShowsThePlaceholdersUntilThe
         EXPECT_EQ(value->Callback, bridge.get());
         EXPECT_EQ(value->Category, 5);
         EXPECT_EQ(value->Param, row.param);
+
+        EXPECT_EQ(FindControl(panel.get(), row.id), &panel->Knob(r));
+        EXPECT_EQ(panel->Knob(r).accessibleName(), KnobDemoPanel::Caption(r));
+        EXPECT_EQ(panel->Display(r).accessibleName(), KnobDemoPanel::Caption(r));
+        const QPoint corner = panel->Knob(r).pos() - CPanPotPanel::kKnobOffset;
+        EXPECT_EQ(panel->Display(r).pos(), corner + CPanPotPanel::kDisplayOffset);
+        EXPECT_EQ(panel->Display(r).size(), QSize(47, 15));
     }
     EXPECT_TRUE(console.lines.empty());
 
@@ -84,22 +95,14 @@ TEST_F(PanPotPanelTest, BindingWithCallbacksDisabledShowsThePlaceholdersUntilThe
         const int frame = static_cast<int>(30 * (engine - row.minimum) / (row.maximum - row.minimum));
         EXPECT_EQ(panel->Knob(r).Position(), frame);
     }
-}
 
-TEST_F(PanPotPanelTest, KnobAndReadOutStandOnThePlaceholderAndTakeItsNumberAndName)
-{
-    MakeDemoPanel();
-    const int ids[] = {1017, 1021, 1023, 1026};
-    for (int r = 0; r < KnobDemoPanel::kKnobs; ++r) {
-        SCOPED_TRACE(r);
-        QWidget* found = FindControl(panel.get(), ids[r]);
-        EXPECT_EQ(found, &panel->Knob(r));
-        EXPECT_EQ(panel->Knob(r).accessibleName(), KnobDemoPanel::Caption(r));
-        EXPECT_EQ(panel->Display(r).accessibleName(), KnobDemoPanel::Caption(r));
-        const QPoint corner = panel->Knob(r).pos() - CPanPotPanel::kKnobOffset;
-        EXPECT_EQ(panel->Display(r).pos(), corner + CPanPotPanel::kDisplayOffset);
-        EXPECT_EQ(panel->Display(r).size(), QSize(47, 15));
-    }
+    // Once the panel goes, the bridge's own values live on with their range and still reach the engine.
+    panel.reset();
+    CEFXFloatValObs* decay = BridgeTables().ReverbValues[0][2];
+    EXPECT_TRUE(decay->GetObservers().empty());
+    EXPECT_EQ(decay->Maximum, 20.0f);
+    decay->SetValue(3.0);
+    EXPECT_FLOAT_EQ(Effect(AL_EAXREVERB_DECAY_TIME), 3.0f);
 }
 
 TEST_F(PanPotPanelTest, EnterAndEscapeLeaveThePanelOpen)
@@ -153,17 +156,6 @@ TEST_F(PanPotPanelTest, AFirstValueBelowTheMinimumLeavesZeroAndTheLowestFrameAnd
     EXPECT_EQ(one.knob.GetSpec()->stripBitmap, 136);
     EXPECT_EQ(one.value.Kind, 0);
     EXPECT_EQ(one.value.Extra, 65535);
-}
-
-TEST_F(PanPotPanelTest, DestroyingAPanelLeavesTheBridgesOwnValuesAliveWithTheirRange)
-{
-    MakeDemoPanel();
-    panel.reset();
-    CEFXFloatValObs* decay = BridgeTables().ReverbValues[0][2];
-    EXPECT_TRUE(decay->GetObservers().empty());
-    EXPECT_EQ(decay->Maximum, 20.0f);
-    decay->SetValue(3.0);
-    EXPECT_FLOAT_EQ(Effect(AL_EAXREVERB_DECAY_TIME), 3.0f);
 }
 
 // The demo program, run as a user runs it: its picture holds four knobs of four distinct colours

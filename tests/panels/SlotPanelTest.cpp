@@ -69,7 +69,6 @@ protected:
     {
         BridgeTest::SetUp();
         ASSERT_EQ(bridge->CreateSlot(), 0u);
-        getEffectf = reinterpret_cast<LPALGETEFFECTF>(alGetProcAddress("alGetEffectf"));
         getEffecti = reinterpret_cast<LPALGETEFFECTI>(alGetProcAddress("alGetEffecti"));
         window.resize(640, 580);
         bridge->SetCallbacksEnabled(0);
@@ -96,12 +95,7 @@ protected:
         FindControlAs<QPushButton>(panel, res::IDC_LOAD_EFFECT)->click();
     }
 
-    float EffectFloat(ALenum token)
-    {
-        float value = -12345;
-        getEffectf(spy.lastEffect, token, &value);
-        return value;
-    }
+    // The integer property of the slot's effect, as Effect reads a float one.
     int EffectInt(ALenum token)
     {
         int value = -12345;
@@ -114,7 +108,6 @@ protected:
 
     QWidget window;
     FXS_Panel* panel = nullptr;
-    LPALGETEFFECTF getEffectf = nullptr;
     LPALGETEFFECTI getEffecti = nullptr;
 };
 
@@ -181,7 +174,7 @@ TEST_F(SlotPanelTest, EveryEffectPanelShowsTheEnginesValuesAndItsControlsReachTh
                 turned.emplace_back(knob, Shown(*knob));
                 QAccessibleValueInterface* access = QAccessible::queryAccessibleInterface(knob)->valueInterface();
                 access->setCurrentValue(access->maximumValue());
-                const double engine = t.integer ? EffectInt(t.token) : EffectFloat(t.token);
+                const double engine = t.integer ? EffectInt(t.token) : Effect(t.token);
                 EXPECT_NEAR(engine, access->maximumValue().toDouble(), 1e-3);
                 EXPECT_NEAR(Shown(*knob), engine, 1e-3);
             }
@@ -222,7 +215,7 @@ TEST_F(SlotPanelTest, ANumberBeyondTheRangeTypedInAReadOutChangesNothing)
         CDecimalDisplay& display = effect.Display(row);
         const double before = Shown(effect.Knob(row));
         const int frame = effect.Knob(row).Position();
-        const double engine = c.integer ? EffectInt(c.token) : EffectFloat(c.token);
+        const double engine = c.integer ? EffectInt(c.token) : Effect(c.token);
         QTest::keyClick(&display, Qt::Key_Space);
         ASSERT_TRUE(display.Edit()->isVisible());
         display.Edit()->selectAll();
@@ -231,7 +224,7 @@ TEST_F(SlotPanelTest, ANumberBeyondTheRangeTypedInAReadOutChangesNothing)
         EXPECT_FALSE(display.Edit()->isVisible());
         EXPECT_DOUBLE_EQ(Shown(effect.Knob(row)), before);
         EXPECT_EQ(effect.Knob(row).Position(), frame);
-        EXPECT_DOUBLE_EQ(c.integer ? EffectInt(c.token) : EffectFloat(c.token), engine);
+        EXPECT_DOUBLE_EQ(c.integer ? EffectInt(c.token) : Effect(c.token), engine);
     }
 }
 
@@ -300,7 +293,7 @@ TEST_F(SlotPanelTest, TheTwoReverbsShareTheirValuesRebindingTwelveAndLeavingFour
     EXPECT_FLOAT_EQ(BridgeTables().ReverbValues[0][4]->Maximum, 0.3f);
     // The reverb's "Reflections: Delay" now sets the reverb's own property.
     BridgeTables().ReverbValues[0][4]->SetValue(0.25);
-    EXPECT_FLOAT_EQ(EffectFloat(AL_REVERB_REFLECTIONS_DELAY), 0.25f);
+    EXPECT_FLOAT_EQ(Effect(AL_REVERB_REFLECTIONS_DELAY), 0.25f);
     for (int swap = 0; swap < 50; ++swap)
         Load(1 + swap % 2);
 }
