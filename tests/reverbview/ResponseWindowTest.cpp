@@ -205,7 +205,7 @@ TEST_F(ResponseWindowTest, TheDefaultReverbHasNoRightWallFaceAndASolidPanelDrops
     EXPECT_EQ(count(open, lateRowZero), 1);
 }
 
-TEST_F(ResponseWindowTest, DraggingTurnsFivePixelsADegreeAndANewWindowStartsAtTheLastAngles)
+TEST_F(ResponseWindowTest, DraggingTurnsFivePixelsADegreeAndANewWindowKeepsTheAnglesAndTheWireFrame)
 {
     const QPoint start(200, 200);
     QTest::mousePress(window, Qt::LeftButton, {}, start);
@@ -229,10 +229,23 @@ TEST_F(ResponseWindowTest, DraggingTurnsFivePixelsADegreeAndANewWindowStartsAtTh
     SetResponseFaceRecorder({});
     EXPECT_FLOAT_EQ(GetViewRotationX(), 47.4f);
 
+    // The angles and a wire frame outlive the window; the new window's box shows the wire frame off.
+    Click(res::IDC_LATE_WIRE);
+    EXPECT_EQ(window->LateWireState, 1);
     delete window;
     window = new C3DReverbResponseDlg(&parent);
     EXPECT_FLOAT_EQ(window->RotationX, 47.4f);
     EXPECT_FLOAT_EQ(window->RotationY, -7.0f);
+    EXPECT_FALSE(FindControlAs<QCheckBox>(window, res::IDC_LATE_WIRE)->isChecked());
+    EXPECT_TRUE(FindControlAs<QCheckBox>(window, res::IDC_LATE_RENDER)->isChecked());
+    EXPECT_FALSE(FindControlAs<QCheckBox>(window, res::IDC_HF_PLANE)->isChecked());
+    // With the planes off, the wedge is the last solid drawn: its polygons are still lines.
+    window->GLView->grabFramebuffer();
+    window->GLView->makeCurrent();
+    GLint modes[2] = {0, 0};
+    glGetIntegerv(GL_POLYGON_MODE, modes);
+    window->GLView->doneCurrent();
+    EXPECT_EQ(modes[0], GL_LINE);
 }
 
 TEST_F(ResponseWindowTest, TheBridgeFeedsTheWindowForReverbSlotsOnly)
@@ -264,28 +277,6 @@ TEST_F(ResponseWindowTest, TheBridgeFeedsTheWindowForReverbSlotsOnly)
     EXPECT_FLOAT_EQ(GetResponseScene().HFRefPlane[0].z, FrequencyToAxis(5000.0f));
     EXPECT_FLOAT_EQ(GetResponseScene().LFRefPlane[0].z, FrequencyToAxis(250.0f));
 }
-
-TEST_F(ResponseWindowTest, AWireFrameOutlivesItsWindowWhileTheNewBoxShowsItOff)
-{
-    Click(res::IDC_LATE_WIRE);
-    EXPECT_EQ(window->LateWireState, 1);
-    delete window;
-    window = new C3DReverbResponseDlg(&parent);
-    EXPECT_FALSE(FindControlAs<QCheckBox>(window, res::IDC_LATE_WIRE)->isChecked());
-    EXPECT_TRUE(FindControlAs<QCheckBox>(window, res::IDC_LATE_RENDER)->isChecked());
-    EXPECT_FALSE(FindControlAs<QCheckBox>(window, res::IDC_HF_PLANE)->isChecked());
-    // With the planes off, the wedge is the last solid drawn: its polygons are still lines.
-    window->GLView->grabFramebuffer();
-    window->GLView->makeCurrent();
-    GLint modes[2] = {0, 0};
-    glGetIntegerv(GL_POLYGON_MODE, modes);
-    window->GLView->doneCurrent();
-    EXPECT_EQ(modes[0], GL_LINE);
-}
-
-} // namespace
-
-namespace {
 
 // The number that a "T30 measured: 1.23 s" label shows; 0 while it shows none.
 double MeasuredSeconds(const C3DReverbResponseDlg& window)
