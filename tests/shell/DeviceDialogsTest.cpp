@@ -24,11 +24,6 @@ DeviceInfo MakeDevice(std::uint32_t supported, std::uint32_t emulated, bool efx)
     return device;
 }
 
-std::vector<std::string> Lines(const DeviceInfo& device)
-{
-    return DeviceCapabilityLines(device);
-}
-
 QRadioButton* Radio(QWidget* dialog, int id)
 {
     return FindControlAs<QRadioButton>(dialog, id);
@@ -42,18 +37,15 @@ void ClickItem(QTreeWidget* tree, QTreeWidgetItem* item)
 
 } // namespace
 
-TEST(DeviceLines, FullDeviceShowsSourcesThenEFXThenEAXThenEmulation)
+TEST(DeviceLines, SourcesThenEFXThenEAXThenEmulationEachOnlyWhereTheDeviceHasIt)
 {
-    const DeviceInfo device = MakeDevice(DeviceInfo::kEAX20 | DeviceInfo::kEAX50, DeviceInfo::kEAX30, true);
-    EXPECT_EQ(Lines(device), (std::vector<std::string>{"up to 255 sources", "supports EFX", "supports EAX 2.0 5.0 ",
-                                                       "emulates EAX 3.0 "}));
-}
-
-TEST(DeviceLines, BareDeviceHasNoEFXAndNoEmulationLine)
-{
-    DeviceInfo device = MakeDevice(0, 0, false);
-    device.maxSources = 0;
-    EXPECT_EQ(Lines(device), (std::vector<std::string>{"up to 0 sources", "doesn't support any EAX version"}));
+    DeviceInfo bare = MakeDevice(0, 0, false);
+    bare.maxSources = 0;
+    EXPECT_EQ(DeviceCapabilityLines(MakeDevice(DeviceInfo::kEAX20 | DeviceInfo::kEAX50, DeviceInfo::kEAX30, true)),
+              (std::vector<std::string>{"up to 255 sources", "supports EFX", "supports EAX 2.0 5.0 ",
+                                        "emulates EAX 3.0 "}));
+    EXPECT_EQ(DeviceCapabilityLines(bare),
+              (std::vector<std::string>{"up to 0 sources", "doesn't support any EAX version"}));
 }
 
 TEST(DeviceLines, NameIsTakenAsAFormatWithoutArguments)
@@ -85,11 +77,8 @@ TEST(InitializationPanel, OpensOnTwoWhateverTheTargetHeldAndWritesItAtOnce)
     // Closing the window keeps the last click.
     panel.reject();
     EXPECT_EQ(target, 3);
-}
 
-TEST(InitializationPanel, ValueOutsideTheRadiosChecksNone)
-{
-    CInitializationPanel panel;
+    // A value that no radio stands for checks none.
     panel.m_value = 7;
     panel.UpdateRadios();
     for (int id : {res::IDC_SENDS_2, res::IDC_SENDS_3, res::IDC_SENDS_4})
