@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -71,42 +72,46 @@ struct Transcript {
 
 } // namespace
 
-TEST(Startup, BadSendsAreReportedThenConfiguredThenTheEngineStarts)
+// What the user meets on the way to the main dialog, by command line: the boxes and dialogs in order,
+// and the sends the engine then has.
+TEST(Startup, TheCommandLineDecidesWhichBoxesAndDialogsComeBeforeTheEngineStarts)
 {
-    Transcript user;
-    ModalDriver driver({user.ReadMessageBox(), user.ChooseSends(res::IDC_SENDS_4), user.UseDevice(nullptr),
-                        user.CloseMainDialog()});
-    CSonopticApp app("-maxsends=5");
-    EXPECT_EQ(app.InitInstance(), 0);
-    EXPECT_TRUE(driver.Finished());
-    EXPECT_EQ(user.seen, (std::vector<std::string>{"box: Invalid max number of active sends, configure in next panel...",
-                                                   "dialog: Context Configuration",
-                                                   "dialog: Audio Device Selection", "main dialog"}));
-    EXPECT_EQ(app.GetMaxSends(), 4);
-    ASSERT_NE(app.GetBridge()->GetFactory(), nullptr);
-    EXPECT_EQ(app.GetBridge()->GetMaxSends(), 4u);
-    EXPECT_EQ(app.GetBridge()->GetFactory()->GetNumEffectSlots(), 4u);
-}
-
-TEST(Startup, ValidSendsSkipTheConfigurationButNotTheDeviceDialog)
-{
-    Transcript user;
-    ModalDriver driver({user.UseDevice(nullptr), user.CloseMainDialog()});
-    CSonopticApp app("-maxsends 3");
-    EXPECT_EQ(app.InitInstance(), 0);
-    EXPECT_EQ(user.seen, (std::vector<std::string>{"dialog: Audio Device Selection", "main dialog"}));
-    EXPECT_EQ(app.GetBridge()->GetMaxSends(), 3u);
-}
-
-TEST(Startup, ForeignOptionIsReportedAndTheConfigurationStartsFromTwo)
-{
-    Transcript user;
-    ModalDriver driver({user.ReadMessageBox(), user.ChooseSends(0), user.UseDevice(nullptr), user.CloseMainDialog()});
-    CSonopticApp app("/maxsends=4");
-    app.InitInstance();
-    ASSERT_EQ(user.seen.size(), 4u);
-    EXPECT_EQ(user.seen[0], "box: Invalid command line parameter");
-    EXPECT_EQ(app.GetBridge()->GetMaxSends(), 2u);
+    const struct {
+        const char* line;
+        int sendsRadio; // clicked in the configuration dialog, 0 for none
+        std::vector<std::string> seen;
+        unsigned sends;
+    } cases[] = {
+        {"-maxsends=5", res::IDC_SENDS_4,
+         {"box: Invalid max number of active sends, configure in next panel...", "dialog: Context Configuration",
+          "dialog: Audio Device Selection", "main dialog"},
+         4},
+        {"-maxsends 3", 0, {"dialog: Audio Device Selection", "main dialog"}, 3},
+        {"/maxsends=4", 0,
+         {"box: Invalid command line parameter", "dialog: Context Configuration", "dialog: Audio Device Selection",
+          "main dialog"},
+         2}, // the configuration starts from two
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.line);
+        Transcript user;
+        std::deque<ModalDriver::Step> steps;
+        if (c.seen.size() == 4) {
+            steps.push_back(user.ReadMessageBox());
+            steps.push_back(user.ChooseSends(c.sendsRadio));
+        }
+        steps.push_back(user.UseDevice(nullptr));
+        steps.push_back(user.CloseMainDialog());
+        ModalDriver driver(steps);
+        CSonopticApp app(c.line);
+        EXPECT_EQ(app.InitInstance(), 0);
+        EXPECT_TRUE(driver.Finished());
+        EXPECT_EQ(user.seen, c.seen);
+        ASSERT_NE(app.GetBridge()->GetFactory(), nullptr);
+        EXPECT_EQ(app.GetMaxSends(), static_cast<int>(c.sends));
+        EXPECT_EQ(app.GetBridge()->GetMaxSends(), c.sends);
+        EXPECT_EQ(app.GetBridge()->GetFactory()->GetNumEffectSlots(), 4u);
+    }
 }
 
 TEST(Startup, EngineFailureShowsTwoBoxesWithTheFactoryLogAndEnds)
