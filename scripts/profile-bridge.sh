@@ -24,7 +24,8 @@ callgrind_annotate --inclusive=yes "$out" 2>/dev/null | awk -v calls="$calls" '
     if (!bridge || !bare) { print "callgrind named neither side" > "/dev/stderr"; exit 1 }
     printf "instructions per knob turn: bridge %d, bare OpenAL calls %d, ratio %.3f\n", bridge / calls, bare / calls, bridge / bare
   }'
-if perf stat -e instructions true >/dev/null 2>&1 && ! perf stat -e instructions true 2>&1 | grep -q "not supported"; then
+# perf stat succeeds even without counters; it then says "not supported" for each event.
+if probe=$(perf stat -e instructions true 2>&1) && ! grep -q "not supported" <<<"$probe"; then
   perf stat -e cycles,instructions,cache-references,cache-misses "$bench"
 else
   echo "perf stat: this machine does not open its processor counters; the counts above stand for them"
